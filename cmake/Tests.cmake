@@ -1,0 +1,35 @@
+# SPDX-FileCopyrightText: 2026 The Wrenfold authors
+# SPDX-License-Identifier: MIT
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+set(WRENFOLD_TEST_ENVIRONMENT
+    ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+    TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1)
+
+function(_wrenfold_test_executable name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LIBS} wrenfold_test_support GTest::gmock
+        wrenfold_warnings)
+endfunction()
+
+# wrenfold_test(NAME SOURCES ... LIBS ...)
+# A fast test program without a display, one ctest entry a case.
+function(wrenfold_test name)
+    _wrenfold_test_executable(${name} ${ARGN})
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES
+        TIMEOUT 120 ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
+endfunction()
+
+# wrenfold_desktop_test(NAME SOURCES ... LIBS ...)
+# A test program that needs the real thing: each case runs on a private desktop of its own. The
+# label "desktop" selects them (ctest -L desktop).
+function(wrenfold_desktop_test name)
+    _wrenfold_test_executable(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR
+        ${PROJECT_SOURCE_DIR}/scripts/private-desktop)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES
+        TIMEOUT 300 LABELS desktop ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
+endfunction()

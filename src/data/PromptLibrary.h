@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PromptSettings.h"
+
+// The built-in prompts and the rule that decides which prompt is active.
+namespace PromptLibrary {
+
+[[nodiscard]] const PromptDefinition &cleanPrompt();
+[[nodiscard]] const PromptDefinition &scriptPrompt();
+[[nodiscard]] const PromptDefinition &structuredPrompt();
+// The three above, in that order.
+[[nodiscard]] const QList<PromptDefinition> &builtInPrompts();
+
+// The built-in prompts followed by the user's own, each in stored order.
+[[nodiscard]] QList<PromptDefinition> allPrompts(const PromptSettings &settings);
+// The first prompt with the selected id (compared exactly); else the clean prompt's id and name
+// with the fallback text.
+[[nodiscard]] PromptDefinition selectedPrompt(const PromptSettings &settings,
+                                              const QString &fallback);
+
+} // namespace PromptLibrary

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <functional>
+
+// Names one of our global hotkeys; registering an id again first gives its old combination back.
+enum class HotKeyId {
+    Main = 1,
+    Escape = 2,
+};
+
+// The desktop's global hotkey service. Main thread only.
+class HotKeyRegistrar
+{
+public:
+    using Handler = std::function<void(HotKeyId)>;
+
+    HotKeyRegistrar() = default;
+    virtual ~HotKeyRegistrar();
+    HotKeyRegistrar(const HotKeyRegistrar &) = delete;
+    HotKeyRegistrar &operator=(const HotKeyRegistrar &) = delete;
+
+    // Called once for every press of a registered combination, auto-repeat excluded, from the main
+    // thread's event loop.
+    virtual void setHandler(Handler handler) = 0;
+    // Makes the key with exactly these modifiers ours system-wide. `keyCode` is a stored virtual
+    // key code, `modifiers` a mask of the stored modifier bits (0x100 Command, 0x200 Shift, 0x800
+    // Option, 0x1000 Control). Returns 0, or the display's error code (10: taken by another
+    // program; 2: no such key here; -1: no global hotkeys on this display).
+    [[nodiscard]] virtual int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) = 0;
+    // Gives the combination back; does nothing when the id is not registered.
+    virtual void unregisterHotKey(HotKeyId id) = 0;
+};

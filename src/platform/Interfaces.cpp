@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+// The interfaces' destructors live here, so that each has one home for its virtual table.
+#include "AudioSystem.h"
+#include "HotKeyRegistrar.h"
+#include "ModifierMonitor.h"
+#include "SyntheticKeyboard.h"
+
+RecordingEngine::~RecordingEngine() = default;
+AudioSystem::~AudioSystem() = default;
+HotKeyRegistrar::~HotKeyRegistrar() = default;
+ModifierMonitor::~ModifierMonitor() = default;
+SyntheticKeyboard::~SyntheticKeyboard() = default;

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// How the focused window wants to be told to paste.
+enum class PasteChord {
+    ControlV, // reads the clipboard
+    ShiftInsert, // reads the primary selection (terminals; layouts without a key for v)
+};
+
+// Posts key events to whichever application has the focus, as if typed. Safe from any thread.
+class SyntheticKeyboard
+{
+public:
+    SyntheticKeyboard() = default;
+    virtual ~SyntheticKeyboard();
+    SyntheticKeyboard(const SyntheticKeyboard &) = delete;
+    SyntheticKeyboard &operator=(const SyntheticKeyboard &) = delete;
+
+    // Whether the display lets this process post input at all.
+    [[nodiscard]] virtual bool isTrusted() const = 0;
+    // The chord by which the window that has the focus now pastes.
+    [[nodiscard]] virtual PasteChord pasteChordOfFocusedWindow() = 0;
+    // Posts the chord's key-down and key-up events. Modifiers the user holds are waited for at most
+    // 100 ms, then lifted around the chord and restored if still held. False when the keys of the
+    // chord cannot be had; nothing is typed then.
+    [[nodiscard]] virtual bool post(PasteChord chord) = 0;
+};
