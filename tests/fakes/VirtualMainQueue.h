@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "MainQueue.h"
+
+#include <condition_variable>
+#include <future>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+// A main queue whose clock only the test turns. The thread that creates it is its main thread;
+// nothing runs but inside runReady(), advance() and runUntil().
+class VirtualMainQueue final : public MainQueue
+{
+public:
+    using Duration = std::chrono::milliseconds;
+
+    ~VirtualMainQueue() override { close(); }
+
+    void post(Work work) override { postAfter(Duration::zero(), std::move(work)); }
+
+    void postAfter(Duration delay, Work work) override { enqueue(delay, {std::move(work), {}}); }
+
+    void runAndWait(const Work &work) override
+    {
+        if (std::this_thread::get_id() == m_mainThread) {
+            work();
+            return;
+        }
+        std::promise<void> done;
+        auto result = done.get_future();
+        const auto run = [&work, &done] {
+            try {
+                work();
+                done.set_value();
+            } catch (...) {
+                done.set_exception(std::current_exception());
+            }
+        };
+        const auto abandon = [&done] {
+            done.set_exception(std::make_exception_ptr(CancelledError()));
+        };
+        if (!enqueue(Duration::zero(), {run, abandon}))
+            throw CancelledError();
+        result.get();
+    }
+
+    std::unique_ptr<RepeatingTimer> repeatEvery(Duration interval, Work work) override
+    {
+        auto timer = std::make_unique<Timer>();
+        scheduleTick(interval, timer->m_isAlive, std::make_shared<Work>(std::move(work)));
+        return timer;
+    }
+
+    void close() override
+    {
+        std::vector<Entry> dropped;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isClosed = true;
+            for (auto &[due, entry] : m_entries)
+                dropped.push_back(std::move(entry));
+            m_entries.clear();
+        }
+        for (const auto &entry : dropped)
+            if (entry.abandon)
+                entry.abandon();
+    }
+
+    // The time since the queue was made.
+    [[nodiscard]] Duration now() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_now;
+    }
+
+    // Runs what is due now, and what that posts in turn.
+    void runReady() { advance(Duration::zero()); }
+
+    // Turns the clock on, running what falls due in its order, each at its own time.
+    void advance(Duration duration)
+    {
+        const auto end = now() + duration;
+        while (runNext(end)) {}
+        const std::lock_guard lock(m_mutex);
+        m_now = std::max(m_now, end);
+    }
+
+    // Waits, in real time, until another thread has made something due; false when nothing came.
+    [[nodiscard]] bool waitForWork(Duration limit = std::chrono::seconds(10))
+    {
+        std::unique_lock lock(m_mutex);
+        return m_arrived.wait_for(lock, limit, [this] {
+            return !m_entries.empty() && m_entries.begin()->first <= m_now;
+        });
+    }
+
+    // Runs what workers make due until the condition holds; false when work stays away too long.
+    [[nodiscard]] bool runUntil(const std::function<bool()> &condition,
+                                Duration limit = std::chrono::seconds(10))
+    {
+        runReady();
+        while (!condition()) {
+            if (!waitForWork(limit))
+                return false;
+            runReady();
+        }
+        return true;
+    }
+
+private:
+    struct Entry
+    {
+        Work run;
+        Work abandon; // called instead of `run` when the queue closes first
+    };
+
+    struct Timer final : RepeatingTimer
+    {
+        ~Timer() override { *m_isAlive = false; }
+        const std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
+    };
+
+    bool enqueue(Duration delay, Entry entry)
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_isClosed)
+            return false;
+        m_entries.emplace(m_now + delay, std::move(entry));
+        m_arrived.notify_all();
+        return true;
+    }
+
+    bool runNext(Duration end)
+    {
+        Entry entry;
+        {
+            const std::lock_guard lock(m_mutex);
+            const auto next = m_entries.begin();
+            if (next == m_entries.end() || next->first > end)
+                return false;
+            m_now = std::max(m_now, next->first);
+            entry = std::move(next->second);
+            m_entries.erase(next);
+        }
+        entry.run();
+        return true;
+    }
+
+    void scheduleTick(Duration interval,
+                      const std::shared_ptr<bool> &isAlive,
+                      const std::shared_ptr<Work> &work)
+    {
+        postAfter(interval, [this, interval, isAlive, work] {
+            if (!*isAlive)
+                return;
+            scheduleTick(interval, isAlive, work);
+            (*work)();
+        });
+    }
+
+    const std::thread::id m_mainThread = std::this_thread::get_id();
+    mutable std::mutex m_mutex;
+    std::condition_variable m_arrived;
+    std::multimap<Duration, Entry> m_entries; // by due time, then in posting order
+    Duration m_now = Duration::zero();
+    bool m_isClosed = false;
+};
