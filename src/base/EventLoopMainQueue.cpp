@@ -6,8 +6,6 @@
 #include <QEvent>
 #include <QTimer>
 
-#include <future>
-
 namespace {
 
 class QtRepeatingTimer final : public RepeatingTimer
@@ -40,7 +38,7 @@ void EventLoopMainQueue::post(Work work)
 
 void EventLoopMainQueue::postAfter(std::chrono::milliseconds delay, Work work)
 {
-    if (std::this_thread::get_id() == m_mainThread) {
+    if (isMainThread()) {
         QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, work = std::move(work)] {
             if (!m_isClosed)
                 work();
@@ -53,28 +51,6 @@ void EventLoopMainQueue::postAfter(std::chrono::milliseconds delay, Work work)
             std::chrono::ceil<std::chrono::milliseconds>(due - std::chrono::steady_clock::now());
         postAfter(std::max(left, std::chrono::milliseconds::zero()), std::move(work));
     });
-}
-
-void EventLoopMainQueue::runAndWait(const Work &work)
-{
-    if (std::this_thread::get_id() == m_mainThread) {
-        work();
-        return;
-    }
-    std::promise<void> done;
-    auto result = done.get_future();
-    const auto run = [&work, &done] {
-        try {
-            work();
-            done.set_value();
-        } catch (...) {
-            done.set_exception(std::current_exception());
-        }
-    };
-    const auto abandon = [&done] { done.set_exception(std::make_exception_ptr(CancelledError())); };
-    if (!enqueue({run, abandon}))
-        throw CancelledError();
-    result.get();
 }
 
 std::unique_ptr<RepeatingTimer> EventLoopMainQueue::repeatEvery(std::chrono::milliseconds interval,

@@ -8,7 +8,6 @@
 
 #include <deque>
 #include <mutex>
-#include <thread>
 
 // The main queue on Qt's event loop. Create it on the main thread.
 class EventLoopMainQueue final : public QObject, public MainQueue
@@ -20,7 +19,6 @@ public:
 
     void post(Work work) override;
     void postAfter(std::chrono::milliseconds delay, Work work) override;
-    void runAndWait(const Work &work) override;
     std::unique_ptr<RepeatingTimer> repeatEvery(std::chrono::milliseconds interval,
                                                 Work work) override;
     void close() override;
@@ -29,18 +27,9 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    // Work handed over by another thread, or a waiting call's work; `abandon` is called instead of
-    // `run` when the queue closes first.
-    struct Entry
-    {
-        Work run;
-        Work abandon;
-    };
-
-    bool enqueue(Entry entry);
+    bool enqueue(Entry entry) override;
     void runOne();
 
-    const std::thread::id m_mainThread = std::this_thread::get_id();
     std::mutex m_mutex;
     std::deque<Entry> m_entries;
     bool m_isClosed = false;

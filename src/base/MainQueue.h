@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <thread>
 
 // Thrown out of MainQueue::runAndWait when the queue closes instead of running the work.
 class CancelledError final : public LocalizedError
@@ -25,7 +26,8 @@ public:
     RepeatingTimer &operator=(const RepeatingTimer &) = delete;
 };
 
-// The only way onto the main thread, which owns all state. Posted work runs in posting order.
+// The only way onto the main thread, which owns all state. Posted work runs in posting order. The
+// thread that makes the queue is its main thread.
 // Every operation but repeatEvery may be called from any thread.
 class MainQueue
 {
@@ -43,10 +45,26 @@ public:
     virtual void postAfter(std::chrono::milliseconds delay, Work work) = 0;
     // Runs the work on the main thread and returns when it has run, rethrowing what it threw. On
     // the main thread itself it runs at once. Throws CancelledError when the queue is closed.
-    virtual void runAndWait(const Work &work) = 0;
+    void runAndWait(const Work &work);
     // Runs the work on the main thread every `interval` until the timer is destroyed.
     [[nodiscard]] virtual std::unique_ptr<RepeatingTimer>
     repeatEvery(std::chrono::milliseconds interval, Work work) = 0;
     // Refuses new work, drops what is queued and fails what waits. Main thread only.
     virtual void close() = 0;
+
+protected:
+    // Queued work; `abandon`, when there is one, is called instead of `run` if the queue closes
+    // first.
+    struct Entry
+    {
+        Work run;
+        Work abandon;
+    };
+
+    [[nodiscard]] bool isMainThread() const { return std::this_thread::get_id() == m_mainThread; }
+    // Queues the entry behind what is due now; false when the queue is closed. Any thread.
+    virtual bool enqueue(Entry entry) = 0;
+
+private:
+    const std::thread::id m_mainThread = std::this_thread::get_id();
 };

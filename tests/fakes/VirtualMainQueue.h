@@ -5,14 +5,12 @@
 #include "MainQueue.h"
 
 #include <condition_variable>
-#include <future>
 #include <map>
 #include <mutex>
-#include <thread>
 #include <vector>
 
-// A main queue whose clock only the test turns. The thread that creates it is its main thread;
-// nothing runs but inside runReady(), advance() and runUntil().
+// A main queue whose clock only the test turns: nothing runs but inside runReady(), advance() and
+// runUntil().
 class VirtualMainQueue final : public MainQueue
 {
 public:
@@ -22,30 +20,9 @@ public:
 
     void post(Work work) override { postAfter(Duration::zero(), std::move(work)); }
 
-    void postAfter(Duration delay, Work work) override { enqueue(delay, {std::move(work), {}}); }
-
-    void runAndWait(const Work &work) override
+    void postAfter(Duration delay, Work work) override
     {
-        if (std::this_thread::get_id() == m_mainThread) {
-            work();
-            return;
-        }
-        std::promise<void> done;
-        auto result = done.get_future();
-        const auto run = [&work, &done] {
-            try {
-                work();
-                done.set_value();
-            } catch (...) {
-                done.set_exception(std::current_exception());
-            }
-        };
-        const auto abandon = [&done] {
-            done.set_exception(std::make_exception_ptr(CancelledError()));
-        };
-        if (!enqueue(Duration::zero(), {run, abandon}))
-            throw CancelledError();
-        result.get();
+        enqueueAfter(delay, {std::move(work), {}});
     }
 
     std::unique_ptr<RepeatingTimer> repeatEvery(Duration interval, Work work) override
@@ -112,19 +89,15 @@ public:
     }
 
 private:
-    struct Entry
-    {
-        Work run;
-        Work abandon; // called instead of `run` when the queue closes first
-    };
-
     struct Timer final : RepeatingTimer
     {
         ~Timer() override { *m_isAlive = false; }
         const std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
     };
 
-    bool enqueue(Duration delay, Entry entry)
+    bool enqueue(Entry entry) override { return enqueueAfter(Duration::zero(), std::move(entry)); }
+
+    bool enqueueAfter(Duration delay, Entry entry)
     {
         const std::lock_guard lock(m_mutex);
         if (m_isClosed)
@@ -162,7 +135,6 @@ private:
         });
     }
 
-    const std::thread::id m_mainThread = std::this_thread::get_id();
     mutable std::mutex m_mutex;
     std::condition_variable m_arrived;
     std::multimap<Duration, Entry> m_entries; // by due time, then in posting order
