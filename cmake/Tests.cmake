@@ -3,6 +3,7 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
+set(WRENFOLD_TEST_PREFIX "" CACHE STRING "What the names of a sanitized build's tests begin with")
 set(WRENFOLD_TEST_ENVIRONMENT
     ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
     UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
@@ -19,7 +20,8 @@ endfunction()
 # A fast test program without a display, one ctest entry a case.
 function(wrenfold_test name)
     _wrenfold_test_executable(${name} ${ARGN})
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+        TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}." PROPERTIES
         TIMEOUT 120 ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
 endfunction()
 
@@ -30,6 +32,7 @@ function(wrenfold_desktop_test name)
     _wrenfold_test_executable(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR
         ${PROJECT_SOURCE_DIR}/scripts/private-desktop)
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." PROPERTIES
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+        TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}." PROPERTIES
         TIMEOUT 300 LABELS desktop ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
 endfunction()
