@@ -15,6 +15,12 @@ class AudioRecorder final
 public:
     explicit AudioRecorder(AudioSystem &system);
     ~AudioRecorder();
+    AudioRecorder(const AudioRecorder &) = delete;
+    AudioRecorder &operator=(const AudioRecorder &) = delete;
+
+    // Removes the recordings that a crash of ours left in the temporary directory. Only while this
+    // is the user's one instance, and not recording.
+    static void sweepLeftovers();
 
     // Whether the microphone may be used.
     [[nodiscard]] bool requestPermission();

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AudioSystem.h"
+#include "PulseConnection.h"
+
+#include <functional>
+
+// The sound server of the desktop: PulseAudio, or PipeWire in its role. It must outlive the
+// recordings that it created.
+class PulseAudioSystem final : public AudioSystem
+{
+public:
+    // Starts connecting in the background. `permission` answers microphonePermission(), from any
+    // thread.
+    explicit PulseAudioSystem(std::function<MicrophonePermission()> permission);
+
+    [[nodiscard]] QString defaultInputName() override;
+    [[nodiscard]] MicrophonePermission microphonePermission() override { return m_permission(); }
+    [[nodiscard]] std::unique_ptr<RecordingEngine> createRecording(const QString &path) override;
+
+private:
+    std::function<MicrophonePermission()> m_permission;
+    PulseConnection m_connection;
+};

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AudioSystem.h"
+#include "LevelMeter.h"
+#include "WavFile.h"
+
+#include <QByteArray>
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+
+class PulseConnection;
+struct pa_stream;
+
+// Records the default source of the sound server. The sound thread writes each fragment of 20 ms
+// to the file as it comes.
+class PulseRecordingEngine final : public RecordingEngine
+{
+public:
+    // Creates the file; throws LocalizedError when that fails.
+    PulseRecordingEngine(PulseConnection &connection, const QString &path);
+    ~PulseRecordingEngine() override;
+
+    bool prepareToRecord() override;
+    bool record() override;
+    void stop() override;
+    [[nodiscard]] float averagePowerDb() const override { return m_averagePowerDb; }
+
+private:
+    enum class State {
+        Connecting,
+        Recording,
+        Ended, // refused, or lost later: the server or the device is gone
+    };
+
+    bool connectStream();
+    void followStreamState(pa_stream *stream);
+    void readFragments(pa_stream *stream);
+    void keep(std::span<const std::int16_t> samples);
+    [[nodiscard]] std::uint64_t bytesUntilNow() const;
+    void releaseStream();
+
+    PulseConnection &m_connection;
+    QByteArray m_sourceName;
+    pa_stream *m_stream = nullptr;
+    std::atomic<float> m_averagePowerDb = LevelMeter::silenceDb;
+    // Guards what follows, which the sound thread uses too.
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    State m_state = State::Connecting;
+    WavFile m_file;
+    LevelMeter m_meter;
+    std::uint64_t m_capturedBytes = 0;
+};
