@@ -8,11 +8,12 @@
 #include <QUrl>
 
 // The transcript history: newest first, bounded to 200, written whole after every change. Failures
-// are handled inside. Main thread only.
+// are handled inside: a failed save is one line in the system's log. Main thread only.
 class HistoryStore final
 {
 public:
-    // Holds the file's items at once; a missing or undecodable file is an empty history.
+    // Holds the file's items at once; a missing or undecodable file is an empty history. The first
+    // save moves an undecodable file aside, to "history.unreadable-<time>.json".
     HistoryStore();
 
     [[nodiscard]] static QUrl historyURL();
@@ -30,4 +31,6 @@ private:
     void save();
 
     QList<HistoryItem> m_items;
+    // The file held something else than a history: the first save moves it aside.
+    bool m_isFileUnreadable = false;
 };

@@ -4,8 +4,14 @@
 
 #include "PromptSettings.h"
 
+#include <QLatin1StringView>
+
 // The built-in prompts and the rule that decides which prompt is active.
 namespace PromptLibrary {
+
+inline constexpr QLatin1StringView cleanID("builtin.clean");
+inline constexpr QLatin1StringView scriptID("builtin.script");
+inline constexpr QLatin1StringView structuredID("builtin.structured");
 
 [[nodiscard]] const PromptDefinition &cleanPrompt();
 [[nodiscard]] const PromptDefinition &scriptPrompt();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileDescriptor.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -10,12 +12,14 @@
 class SingleInstanceGuard final
 {
 public:
-    // Computes the lock file's place; opens nothing.
+    // Computes the lock file's place, "<identifier>.lock" in the user's temporary directory; opens
+    // nothing.
     explicit SingleInstanceGuard(const QString &identifier);
     ~SingleInstanceGuard();
     SingleInstanceGuard(const SingleInstanceGuard &) = delete;
     SingleInstanceGuard &operator=(const SingleInstanceGuard &) = delete;
 
+    // Empty when the user has no safe temporary directory.
     [[nodiscard]] const QUrl &lockURL() const { return m_lockURL; }
 
     // True when this process may run: it holds the lock, or the lock file could not be opened at
@@ -26,5 +30,5 @@ public:
 
 private:
     QUrl m_lockURL;
-    int m_lockFD = -1;
+    FileDescriptor m_lockFile;
 };

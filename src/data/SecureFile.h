@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "FileDescriptor.h"
+
+#include <QByteArray>
+#include <QString>
+
+// Files and directories that hold keys and private text: readable by their owner alone, whoever
+// made them, and replaced whole or not at all. Failures are thrown as FileError.
+namespace SecureFile {
+
+// Whether a replaced file must also survive a power cut, which costs the time of an fsync.
+enum class Durability { ProcessDeath, PowerCut };
+
+// Creates the directory with mode 0700, its parents with the usual one; an existing directory
+// gets that mode.
+void createDirectory(const QString &path);
+
+// A whole regular file; its mode becomes 0600.
+[[nodiscard]] QByteArray read(const QString &path);
+
+// Writes a temporary file of mode 0600 beside the file (beside its target when it is a link) and
+// renames it: at any moment the path holds the old content or the new one.
+void replace(const QString &path,
+             const QByteArray &content,
+             Durability durability = Durability::PowerCut);
+
+// Removes what a process that died within replace() left beside the file. Never throws.
+void removeUnfinished(const QString &path);
+
+// Opens a regular file, created when missing, to add to its end; its mode becomes 0600. A link in
+// the file's place is refused.
+[[nodiscard]] FileDescriptor openForAppending(const QString &path);
+
+// Writes the bytes and returns how many were written; when fewer than all, errno says why.
+[[nodiscard]] qint64 writeSome(const FileDescriptor &file, const QByteArray &content);
+
+} // namespace SecureFile
