@@ -4,10 +4,6 @@ find_package(GTest REQUIRED)
 include(GoogleTest)
 
 set(WRENFOLD_TEST_PREFIX "" CACHE STRING "What the names of a sanitized build's tests begin with")
-set(WRENFOLD_TEST_ENVIRONMENT
-    ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
-    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-    TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1)
 
 function(_wrenfold_test_executable name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
@@ -22,7 +18,7 @@ function(wrenfold_test name)
     _wrenfold_test_executable(${name} ${ARGN})
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}." PROPERTIES
-        TIMEOUT 120 ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
+        TIMEOUT 120)
 endfunction()
 
 # wrenfold_desktop_test(NAME SOURCES ... LIBS ...)
@@ -34,5 +30,5 @@ function(wrenfold_desktop_test name)
         ${PROJECT_SOURCE_DIR}/scripts/private-desktop)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}." PROPERTIES
-        TIMEOUT 300 LABELS desktop ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT}")
+        TIMEOUT 300 LABELS desktop)
 endfunction()

@@ -4,6 +4,20 @@
 
 #include <gtest/gtest.h>
 
+// What the sanitizers of a sanitized build look for, and that a finding fails the test.
+extern "C" const char *__asan_default_options() // NOLINT(bugprone-reserved-identifier)
+{
+    return "detect_leaks=1:abort_on_error=1";
+}
+extern "C" const char *__ubsan_default_options() // NOLINT(bugprone-reserved-identifier)
+{
+    return "print_stacktrace=1:halt_on_error=1";
+}
+extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-identifier)
+{
+    return "ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1";
+}
+
 // Every test program's entry: an application object without a display unless one was given.
 int main(int argc, char **argv)
 {
