@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "BackgroundTasks.h"
+#include "EventLoopMainQueue.h"
+#include "WaitUntil.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <numeric>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+class EventLoopMainQueueTest : public testing::Test
+{
+protected:
+    // Runs the function on another thread while the event loop goes on.
+    void runElsewhere(const std::function<void()> &function)
+    {
+        std::atomic<bool> hasEnded = false;
+        m_tasks.start([&] {
+            function();
+            hasEnded = true;
+        });
+        EXPECT_TRUE(waitUntil([&] { return hasEnded.load(); }));
+    }
+
+    EventLoopMainQueue m_queue;
+    BackgroundTasks m_tasks;
+    const std::thread::id m_mainThread = std::this_thread::get_id();
+};
+
+} // namespace
+
+TEST_F(EventLoopMainQueueTest, PostedWorkRunsLaterInOrderOnTheMainThread)
+{
+    std::vector<int> ran;
+    m_queue.post([&] { ran.push_back(-1); });
+    EXPECT_TRUE(ran.empty());
+    m_tasks.start([&] {
+        for (int i = 0; i < 1000; ++i)
+            m_queue.post(
+                [&, i] { ran.push_back(std::this_thread::get_id() == m_mainThread ? i : -2); });
+    });
+    ASSERT_TRUE(waitUntil([&] { return ran.size() == 1001; }));
+    std::vector<int> expected(1001);
+    std::iota(expected.begin(), expected.end(), -1);
+    EXPECT_EQ(ran, expected);
+}
+
+TEST_F(EventLoopMainQueueTest, DelayedWorkRunsAfterItsDelayWhoeverPostsIt)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    std::vector<std::pair<int, Clock::duration>> ran;
+    const auto note = [&](int milliseconds) {
+        return [&, milliseconds] { ran.emplace_back(milliseconds, Clock::now() - start); };
+    };
+    m_queue.postAfter(60ms, note(60));
+    runElsewhere([&] { m_queue.postAfter(30ms, note(30)); });
+    m_queue.postAfter(0ms, note(0));
+    ASSERT_TRUE(waitUntil([&] { return ran.size() == 3; }));
+    for (size_t i = 0; i < ran.size(); ++i) {
+        EXPECT_EQ(ran[i].first, static_cast<int>(i) * 30);
+        EXPECT_GE(ran[i].second, std::chrono::milliseconds(ran[i].first));
+    }
+}
+
+TEST_F(EventLoopMainQueueTest, RunAndWaitReturnsWhenTheWorkHasRunAndRethrows)
+{
+    std::thread::id ranOn;
+    m_queue.runAndWait([&] { ranOn = std::this_thread::get_id(); });
+    EXPECT_EQ(ranOn, m_mainThread);
+    runElsewhere([&] {
+        ranOn = {};
+        m_queue.runAndWait([&] { ranOn = std::this_thread::get_id(); });
+        EXPECT_EQ(ranOn, m_mainThread);
+        EXPECT_THROW(m_queue.runAndWait([] { throw std::runtime_error("work"); }),
+                     std::runtime_error);
+    });
+}
+
+TEST_F(EventLoopMainQueueTest, ClosingDropsWhatIsQueuedAndFailsWhatWaits)
+{
+    std::atomic<int> started = 0;
+    std::atomic<int> cancelled = 0;
+    bool hasRun = false;
+    const auto run = [&] { hasRun = true; };
+    m_queue.postAfter(0ms, run);
+    for (int i = 0; i < 8; ++i)
+        m_tasks.start([&] {
+            ++started;
+            m_queue.post(run);
+            try {
+                m_queue.runAndWait(run);
+            } catch (const CancelledError &) {
+                ++cancelled;
+            }
+        });
+    // The event loop stands still meanwhile, so that nothing can run before the close.
+    while (started < 8)
+        std::this_thread::yield();
+    m_queue.close();
+    m_tasks.waitForDone();
+    EXPECT_EQ(cancelled, 8);
+    m_queue.post(run);
+    m_queue.postAfter(0ms, run);
+    EXPECT_FALSE(waitUntil([&] { return hasRun; }, 20ms));
+}
+
+TEST_F(EventLoopMainQueueTest, ARepeatingTimerStopsWhenItIsDestroyedByItsOwnWorkToo)
+{
+    int runs = 0;
+    std::unique_ptr<RepeatingTimer> timer;
+    timer = m_queue.repeatEvery(2ms, [&] {
+        if (++runs == 3)
+            timer.reset();
+    });
+    ASSERT_TRUE(waitUntil([&] { return runs == 3; }));
+    EXPECT_FALSE(waitUntil([&] { return runs > 3; }, 20ms));
+}
