@@ -6,9 +6,11 @@
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
 #include "SyntheticKeyboard.h"
+#include "TrayHostWatch.h"
 
 RecordingEngine::~RecordingEngine() = default;
 AudioSystem::~AudioSystem() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
+TrayHostWatch::~TrayHostWatch() = default;

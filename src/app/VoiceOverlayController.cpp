@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "VoiceOverlayController.h"
+
+#include "VoiceOverlayView.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+constexpr int distanceFromEdge = 18;
+
+} // namespace
+
+VoiceOverlayController::VoiceOverlayController(MainQueue &queue,
+                                               std::function<bool()> hasCompositor)
+    : m_queue(queue)
+    , m_hasCompositor(std::move(hasCompositor))
+{}
+
+VoiceOverlayController::~VoiceOverlayController() = default;
+
+void VoiceOverlayController::show(const VoiceOverlayMode &mode)
+{
+    if (!m_panel)
+        buildPanel();
+    m_panel->setMode(mode);
+    positionPanel();
+    updateMask();
+    m_panel->show();
+    m_panel->raise();
+    m_panel->startAnimating();
+}
+
+void VoiceOverlayController::hide()
+{
+    if (!m_panel)
+        return;
+    m_panel->stopAnimating();
+    m_panel->hide();
+}
+
+void VoiceOverlayController::updateLevel(double level)
+{
+    if (m_panel)
+        m_panel->updateLevel(level);
+}
+
+std::optional<VoiceOverlayMode> VoiceOverlayController::shownMode() const
+{
+    if (!m_panel || !m_panel->isVisible())
+        return {};
+    return m_panel->mode();
+}
+
+void VoiceOverlayController::buildPanel()
+{
+    m_panel = std::make_unique<VoiceOverlayView>(m_queue);
+    // A window manager that gets hold of the window swallows the clicks meant for what lies below.
+    m_panel->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+                            | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus
+                            | Qt::BypassWindowManagerHint);
+    m_panel->setAttribute(Qt::WA_TranslucentBackground);
+    m_panel->setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+void VoiceOverlayController::positionPanel()
+{
+    const auto *screen = QGuiApplication::screenAt(QCursor::pos());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const auto available = screen->availableGeometry();
+    m_panel->move(available.x() + (available.width() - m_panel->width()) / 2,
+                  available.y() + available.height() - distanceFromEdge - m_panel->height());
+}
+
+void VoiceOverlayController::updateMask()
+{
+    if (m_hasCompositor())
+        m_panel->clearMask();
+    else
+        m_panel->setMask(m_panel->shapeRegion());
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "MainQueue.h"
+#include "VoiceOverlayMode.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class VoiceOverlayView;
+
+// Shows and hides the floating overlay at the bottom of the screen with the pointer. It never takes
+// the keyboard focus, and clicks go through it to what lies below.
+class VoiceOverlayController final
+{
+public:
+    // hasCompositor tells whether windows can be translucent; it is asked at each show.
+    VoiceOverlayController(MainQueue &queue, std::function<bool()> hasCompositor);
+    ~VoiceOverlayController();
+    VoiceOverlayController(const VoiceOverlayController &) = delete;
+    VoiceOverlayController &operator=(const VoiceOverlayController &) = delete;
+
+    // Shows the mode, in front, on the screen that now has the pointer.
+    void show(const VoiceOverlayMode &mode);
+    void hide();
+    // The input level, 0 to 1, for the waveform; at best thirty times a second.
+    void updateLevel(double level);
+
+    // What is on the screen now.
+    [[nodiscard]] std::optional<VoiceOverlayMode> shownMode() const;
+
+private:
+    void buildPanel();
+    void positionPanel();
+    void updateMask();
+
+    MainQueue &m_queue;
+    std::function<bool()> m_hasCompositor;
+    std::unique_ptr<VoiceOverlayView> m_panel; // built by the first show
+};

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "ShowWindowChannel.h"
+
+#include "AppRuntime.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int answerLimitMs = 1000;
+
+QString path()
+{
+    return u"/local/wrenfold"_s;
+}
+
+QString member()
+{
+    return u"showMainWindow"_s;
+}
+
+// The bus handles one client's messages in their order: once it answers, it has those before.
+bool hasTakenEverything(const QDBusConnection &bus)
+{
+    const auto ping = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s,
+                                                     u"/org/freedesktop/DBus"_s,
+                                                     u"org.freedesktop.DBus.Peer"_s,
+                                                     u"Ping"_s);
+    return bus.call(ping, QDBus::Block, answerLimitMs).type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace
+
+ShowWindowChannel::~ShowWindowChannel()
+{
+    stop();
+}
+
+bool ShowWindowChannel::post() const
+{
+    const auto bus = QDBusConnection::sessionBus();
+    const auto request = QDBusMessage::createSignal(path(), AppRuntime::bundleIdentifier, member());
+    return bus.isConnected() && bus.send(request) && hasTakenEverything(bus);
+}
+
+bool ShowWindowChannel::observe(std::function<void()> handler)
+{
+    stop();
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.connect(
+            {}, path(), AppRuntime::bundleIdentifier, member(), this, SLOT(handleRequest())))
+        return false;
+    m_handler = std::move(handler);
+    return true;
+}
+
+void ShowWindowChannel::stop()
+{
+    if (!m_handler)
+        return;
+    QDBusConnection::sessionBus().disconnect(
+        {}, path(), AppRuntime::bundleIdentifier, member(), this, SLOT(handleRequest()));
+    m_handler = {};
+}
+
+void ShowWindowChannel::handleRequest()
+{
+    if (m_handler)
+        m_handler();
+}
