@@ -1,0 +1,69 @@
+# SPDX-FileCopyrightText: 2026 The Wrenfold authors
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash
+#
+# What a user does on a desktop, for scripts that run on a private one; to be sourced after
+# common.sh.
+
+log_file=$HOME/.wrenfold/logs/wrenfold.log
+# shellcheck disable=SC2034
+history_file=$HOME/.wrenfold/history.json
+
+# Waits until a command succeeds; fails when it does not within so many seconds.
+await() {
+    local deadline=$((SECONDS + $1))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        if ((SECONDS > deadline)); then return 1; fi
+        sleep 0.05
+    done
+}
+
+# Waits for a line of the application's log that contains the text, and prints it.
+await_log() {
+    local limit=$1 text=$2
+    if ! await "$limit" grep -qF -- "$text" "$log_file"; then
+        tail -n 15 "$log_file" >&2 || true
+        die "the log does not say \"$text\" after $limit s"
+    fi
+    grep -F -- "$text" "$log_file" | tail -n 1
+}
+
+# Writes a configuration whose services are both at a port of this machine.
+write_configuration() {
+    local port=$1
+    mkdir -m 700 "$HOME/.wrenfold"
+    cat >"$HOME/.wrenfold/config.json" <<JSON
+{
+  "deepSeek": {
+    "apiKey": "not-a-real-key",
+    "baseURL": "http://127.0.0.1:$port",
+    "model": "deepseek-v4-flash"
+  },
+  "volcengine": {
+    "accessKey": "",
+    "apiKey": "not-a-real-key",
+    "appKey": "",
+    "enableDDC": true,
+    "enableITN": true,
+    "enablePunctuation": true,
+    "endpoint": "http://127.0.0.1:$port/api/v3/auc/bigmodel/recognize/flash",
+    "modelName": "bigmodel",
+    "resourceId": "volc.bigasr.auc_turbo"
+  }
+}
+JSON
+    chmod 600 "$HOME/.wrenfold/config.json"
+}
+
+# Presses the default hotkey.
+press_hotkey() { xdotool key Super+Shift+space; }
+
+# Plays a sound file to the end, for the microphone to hear.
+speak() { paplay "$1"; }
+
+# Saves a picture of the whole screen.
+take_screenshot() { import -silent -window root "$1"; }
+
+# Whether the window that has the focus belongs to a program of that class.
+is_focused() { xprop -id "$(xdotool getwindowfocus)" WM_CLASS | grep -qi "\"$1\""; }
