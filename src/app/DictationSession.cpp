@@ -1,0 +1,391 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "DictationSession.h"
+
+#include "AppLogger.h"
+#include "AudioRecorder.h"
+#include "BackgroundTasks.h"
+#include "ClipboardWriter.h"
+#include "DictationHost.h"
+#include "ErrorPresentation.h"
+#include "HistoryStore.h"
+#include "HushwireError.h"
+#include "ProcessingTimings.h"
+#include "PromptLibrary.h"
+#include "Text.h"
+#include "VoiceOverlayController.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// How often the level meter moves: thirty times a second.
+constexpr auto levelInterval = 33ms;
+// A stage that takes longer than this is said to be slow.
+constexpr auto slowStageAfter = 8000ms;
+// Servers close idle connections; opening them again costs nothing while they live.
+constexpr auto connectionInterval = 10000ms;
+
+QStringList keysOf(const AppConfig &config)
+{
+    return {config.volcengine.apiKey,
+            config.volcengine.appKey,
+            config.volcengine.accessKey,
+            config.deepSeek.apiKey};
+}
+
+QString activePromptText(const AppConfig &config)
+{
+    return PromptLibrary::selectedPrompt(config.prompts, config.polishPrompt).text;
+}
+
+QString failureMessage(ProcessingFailureStage stage)
+{
+    switch (stage) {
+    case ProcessingFailureStage::SpeechRecognition:
+        return u"语音识别失败"_s;
+    case ProcessingFailureStage::TextPolishing:
+        return u"文字整理失败"_s;
+    case ProcessingFailureStage::AutoPaste:
+        return u"已复制到剪贴板"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+bool isRecordingFailure(const std::exception_ptr &error)
+{
+    try {
+        std::rethrow_exception(error);
+    } catch (const HushwireError &known) {
+        return known.kind() == HushwireError::Kind::RecordingFailed;
+    } catch (...) {
+        return false;
+    }
+}
+
+} // namespace
+
+DictationSession::DictationSession(Collaborators collaborators)
+    : m_host(collaborators.host)
+    , m_recorder(collaborators.recorder)
+    , m_overlay(collaborators.overlay)
+    , m_history(collaborators.history)
+    , m_mainQueue(collaborators.mainQueue)
+    , m_tasks(collaborators.tasks)
+    , m_services(std::move(collaborators.services))
+{}
+
+DictationSession::~DictationSession() = default;
+
+void DictationSession::toggleRecording()
+{
+    if (m_isProcessing || m_isStarting)
+        return;
+    if (m_isRecording)
+        finishRecording();
+    else
+        beginRecording();
+}
+
+void DictationSession::cancelRecording()
+{
+    if (!m_isRecording)
+        return;
+    AppLogger::info(u"Recording cancelled."_s);
+    discardRecording();
+    m_isRecording = false;
+    m_isProcessing = false;
+    leaveRecording();
+    m_host.updateStatusTitle(u"听"_s);
+    showOverlayMessage(u"已取消"_s, 900ms);
+}
+
+void DictationSession::terminate()
+{
+    stopLevelUpdates();
+    m_connectionTimer.reset();
+    discardRecording();
+}
+
+void DictationSession::beginRecording()
+{
+    AppLogger::info(u"Recording requested."_s);
+    m_isStarting = true;
+    m_tasks.start([this] {
+        try {
+            startRecording();
+        } catch (const CancelledError &) {
+            // The application quits; terminate() ends what was started here.
+        }
+    });
+}
+
+// Off the main thread.
+void DictationSession::startRecording()
+{
+    if (!checkMicrophonePermission())
+        return;
+    const auto microphone = m_recorder.microphoneName();
+    std::exception_ptr failure;
+    m_mainQueue.runAndWait([this, &failure] {
+        try {
+            m_recorder.start();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    });
+    if (failure)
+        AppLogger::error(u"Recording start failed."_s, failure);
+    else
+        AppLogger::info("Recording started. microphone="_L1 + microphone);
+    m_mainQueue.runAndWait([this, &failure, &microphone] {
+        m_isStarting = false;
+        if (failure)
+            showError(failure);
+        else
+            enterRecording(microphone);
+    });
+}
+
+// Off the main thread.
+bool DictationSession::checkMicrophonePermission()
+{
+    const bool isGranted = m_recorder.requestPermission();
+    AppLogger::info("Microphone permission checked. granted="_L1 + flagText(isGranted)
+                    + " status="_L1 + m_recorder.permissionStatusDescription() + " input="_L1
+                    + m_recorder.microphoneName());
+    if (isGranted)
+        return true;
+    AppLogger::warning(u"Microphone permission denied."_s);
+    m_mainQueue.runAndWait([this] {
+        m_isStarting = false;
+        showError(std::make_exception_ptr(
+            HushwireError::permissionMissing(u"需要麦克风权限才能录音。"_s)));
+    });
+    return false;
+}
+
+void DictationSession::enterRecording(const QString &microphone)
+{
+    m_isRecording = true;
+    m_host.registerEscapeCancelHotKey();
+    m_host.updateStatusTitle(u"录"_s);
+    m_overlay.show(VoiceOverlayMode::recording(microphone));
+    startLevelUpdates();
+    m_services.openConnections(m_host.config());
+    m_connectionTimer = m_mainQueue.repeatEvery(
+        connectionInterval, [this] { m_services.openConnections(m_host.config()); });
+}
+
+void DictationSession::finishRecording()
+{
+    QUrl audioURL;
+    try {
+        audioURL = m_recorder.stop();
+    } catch (...) {
+        const auto error = std::current_exception();
+        AppLogger::error(u"Recording stop failed."_s, error);
+        showError(error);
+        return;
+    }
+    const auto audioBytes = static_cast<quint64>(QFileInfo(audioURL.toLocalFile()).size());
+    AppLogger::info("Recording stopped. audioBytes="_L1 + QString::number(audioBytes));
+    m_isRecording = false;
+    m_isProcessing = true;
+    leaveRecording();
+    showProcessingStage(u"正在识别"_s, u"识别较慢"_s);
+    m_host.updateStatusTitle(u"转"_s);
+    m_tasks.start([this, audioURL, audioBytes, config = m_host.config()] {
+        process(audioURL, audioBytes, config);
+    });
+}
+
+void DictationSession::leaveRecording()
+{
+    m_host.unregisterEscapeCancelHotKey();
+    stopLevelUpdates();
+    m_connectionTimer.reset();
+}
+
+// Stops the recorder and deletes its file; failures are ignored, since the recording is unwanted.
+void DictationSession::discardRecording()
+{
+    try {
+        QFile::remove(m_recorder.stop().toLocalFile());
+    } catch (const LocalizedError &) {
+        return;
+    }
+}
+
+void DictationSession::startLevelUpdates()
+{
+    m_levelTimer = m_mainQueue.repeatEvery(
+        levelInterval, [this] { m_overlay.updateLevel(m_recorder.normalizedPowerLevel()); });
+}
+
+void DictationSession::stopLevelUpdates()
+{
+    m_levelTimer.reset();
+}
+
+// The road from the recording to the pasted text, off the main thread.
+void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConfig config)
+{
+    ProcessingTimings timings(audioBytes);
+    auto stage = ProcessingFailureStage::SpeechRecognition;
+    std::optional<QString> polishedText;
+    QStringList secrets = keysOf(config);
+    try {
+        AppLogger::info("ASR started. resourceId="_L1 + config.volcengine.resourceId);
+        const auto transcript =
+            timings.measure(stage, [&] { return m_services.transcribe(config, audioURL); });
+        secrets << transcript;
+        AppLogger::info("ASR succeeded. transcriptChars="_L1
+                        + QString::number(characterCount(transcript)));
+        m_mainQueue.post([this] { announcePolishing(); });
+
+        stage = ProcessingFailureStage::TextPolishing;
+        config = configSnapshot();
+        secrets << keysOf(config);
+        AppLogger::info("DeepSeek polish started. model="_L1 + config.deepSeek.model
+                        + " promptID="_L1 + config.prompts.selectedID);
+        polishedText = timings.measure(
+            stage, [&] { return m_services.polish(config, activePromptText(config), transcript); });
+        secrets << *polishedText;
+        AppLogger::info("DeepSeek polish succeeded. outputChars="_L1
+                        + QString::number(characterCount(*polishedText)));
+        m_mainQueue.runAndWait([&] { keep(transcript, *polishedText); });
+        m_mainQueue.post([this] { m_host.updateStatusTitle(u"贴"_s); });
+
+        stage = ProcessingFailureStage::AutoPaste;
+        config = configSnapshot();
+        AppLogger::info(u"Auto paste started."_s);
+        timings.measure(stage, [&] { m_services.paste(config, *polishedText); });
+        AppLogger::info(u"Auto paste succeeded."_s);
+        AppLogger::info(timings.line());
+        m_mainQueue.post([this] { m_overlay.hide(); });
+    } catch (...) {
+        const auto error = std::current_exception();
+        AppLogger::error(u"Processing failed."_s, withoutSecrets(error, secrets));
+        AppLogger::info(timings.line(stage));
+        m_mainQueue.post([=, this] { showProcessingFailure(error, stage, polishedText, secrets); });
+    }
+    QFile::remove(audioURL.toLocalFile());
+    m_mainQueue.post([this] { endProcessing(); });
+}
+
+void DictationSession::announcePolishing()
+{
+    m_host.updateStatusTitle(u"整"_s);
+    showProcessingStage(u"正在整理"_s, u"整理较慢"_s);
+}
+
+void DictationSession::keep(const QString &transcript, const QString &polished)
+{
+    m_history.add(transcript, polished);
+    m_host.refreshMainWindow();
+}
+
+void DictationSession::endProcessing()
+{
+    ++m_processingStageToken;
+    m_isProcessing = false;
+    m_host.updateStatusTitle(u"听"_s);
+}
+
+AppConfig DictationSession::configSnapshot()
+{
+    AppConfig snapshot;
+    m_mainQueue.runAndWait([this, &snapshot] { snapshot = m_host.config(); });
+    return snapshot;
+}
+
+void DictationSession::showProcessingStage(const QString &text, const QString &slowMessage)
+{
+    const auto token = ++m_processingStageToken;
+    m_overlay.show(VoiceOverlayMode::typing(text));
+    m_mainQueue.postAfter(slowStageAfter, [this, token, slowMessage] {
+        if (m_isProcessing && m_processingStageToken == token)
+            m_overlay.show(VoiceOverlayMode::typing(slowMessage));
+    });
+}
+
+void DictationSession::showProcessingFailure(const std::exception_ptr &error,
+                                             ProcessingFailureStage stage,
+                                             const std::optional<QString> &polishedText,
+                                             const QStringList &secrets)
+{
+    AppLogger::error("Showing processing failure. stage="_L1 + logName(stage)
+                         + " hasPolishedFallback="_L1 + flagText(polishedText.has_value()),
+                     withoutSecrets(error, secrets));
+    if (stage == ProcessingFailureStage::AutoPaste) {
+        if (polishedText)
+            ClipboardWriter::copy(*polishedText);
+        if (isAccessibilityPermissionError(error))
+            m_host.openAccessibilityPermissionSettings();
+    }
+    showOverlayMessage(failureMessage(stage), 1800ms);
+}
+
+void DictationSession::showError(const std::exception_ptr &error)
+{
+    AppLogger::error(u"Showing error."_s, withoutSecrets(error, keysOf(m_host.config())));
+    leaveRecording();
+    m_overlay.hide();
+    m_host.updateStatusTitle(u"!"_s);
+    if (isAccessibilityPermissionError(error)) {
+        m_host.openAccessibilityPermissionSettings();
+        showOverlayMessage(u"需要权限"_s, 1600ms);
+        m_host.updateStatusTitle(idleOrRecordingWord());
+    } else if (isRecordingFailure(error)) {
+        showOverlayMessage(u"录音失败"_s, 1800ms);
+        m_host.updateStatusTitle(u"听"_s);
+    } else {
+        m_host.showAlert(localizedDescription(error),
+                         [this] { m_host.updateStatusTitle(idleOrRecordingWord()); });
+    }
+}
+
+void DictationSession::showOverlayMessage(const QString &text, std::chrono::milliseconds hideAfter)
+{
+    stopLevelUpdates();
+    m_overlay.show(VoiceOverlayMode::status(text));
+    m_mainQueue.postAfter(hideAfter, [this] {
+        if (!m_isRecording && !m_isProcessing)
+            m_overlay.hide();
+    });
+}
+
+void DictationSession::pasteHistoryText(const QString &text)
+{
+    m_tasks.start([this, text, config = m_host.config()] {
+        try {
+            m_services.paste(config, text);
+            m_mainQueue.post([this] {
+                m_overlay.hide();
+                AppLogger::info(u"History paste succeeded."_s);
+            });
+        } catch (...) {
+            const auto error = std::current_exception();
+            m_mainQueue.post([this, error, text] { showHistoryPasteFailure(error, text); });
+        }
+    });
+}
+
+void DictationSession::showHistoryPasteFailure(const std::exception_ptr &error, const QString &text)
+{
+    AppLogger::error(u"History paste failed."_s, error);
+    ClipboardWriter::copy(text);
+    if (isAccessibilityPermissionError(error))
+        m_host.openAccessibilityPermissionSettings();
+    showOverlayMessage(overlayMessage(error), 1600ms);
+}
+
+QString DictationSession::idleOrRecordingWord() const
+{
+    return m_isRecording ? u"录"_s : u"听"_s;
+}

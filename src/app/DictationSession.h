@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DictationServices.h"
+#include "MainQueue.h"
+#include "ProcessingFailureStage.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <exception>
+#include <memory>
+#include <optional>
+
+class AudioRecorder;
+class BackgroundTasks;
+class DictationHost;
+class HistoryStore;
+class VoiceOverlayController;
+
+// Turns two presses of the hotkey into pasted text: the first starts the microphone, the second
+// sends what was spoken through recognition, polishing and the paste. It alone holds the session's
+// state and decides what the user sees of a failure. Main thread only; its own background work
+// comes back through the main queue.
+class DictationSession final
+{
+public:
+    struct Collaborators
+    {
+        DictationHost &host;
+        AudioRecorder &recorder;
+        VoiceOverlayController &overlay;
+        HistoryStore &history;
+        MainQueue &mainQueue;
+        BackgroundTasks &tasks;
+        DictationServices services;
+    };
+
+    // The collaborators must outlive the session, and the session every task it has started.
+    explicit DictationSession(Collaborators collaborators);
+    ~DictationSession();
+
+    [[nodiscard]] bool isRecording() const { return m_isRecording; }
+    [[nodiscard]] bool isProcessing() const { return m_isProcessing; }
+
+    // The hotkey: starts a recording, or ends it and processes it. Ignored while a dictation is
+    // processed or a start is pending.
+    void toggleRecording();
+    // Escape: throws the recording away. Does nothing when not recording.
+    void cancelRecording();
+    // Pastes a text of the history; on failure it is left on the clipboard.
+    void pasteHistoryText(const QString &text);
+    // Presents a failure outside a dictation's stages.
+    void showError(const std::exception_ptr &error);
+    // Shows a short text in the overlay; it is hidden after the delay unless a dictation runs.
+    void showOverlayMessage(const QString &text, std::chrono::milliseconds hideAfter);
+    // Ends a recording for good when the application quits; leaves no file behind.
+    void terminate();
+
+private:
+    void beginRecording();
+    void startRecording();
+    [[nodiscard]] bool checkMicrophonePermission();
+    void enterRecording(const QString &microphone);
+    void finishRecording();
+    void leaveRecording();
+    void discardRecording();
+    void startLevelUpdates();
+    void stopLevelUpdates();
+
+    void process(const QUrl &audioURL, quint64 audioBytes, AppConfig config);
+    void announcePolishing();
+    void keep(const QString &transcript, const QString &polished);
+    void endProcessing();
+    [[nodiscard]] AppConfig configSnapshot();
+
+    void showProcessingStage(const QString &text, const QString &slowMessage);
+    void showProcessingFailure(const std::exception_ptr &error,
+                               ProcessingFailureStage stage,
+                               const std::optional<QString> &polishedText,
+                               const QStringList &secrets);
+    void showHistoryPasteFailure(const std::exception_ptr &error, const QString &text);
+    [[nodiscard]] QString idleOrRecordingWord() const;
+
+    DictationHost &m_host;
+    AudioRecorder &m_recorder;
+    VoiceOverlayController &m_overlay;
+    HistoryStore &m_history;
+    MainQueue &m_mainQueue;
+    BackgroundTasks &m_tasks;
+    const DictationServices m_services;
+
+    bool m_isStarting = false;
+    bool m_isRecording = false;
+    bool m_isProcessing = false;
+    // Changes with the displayed stage and when processing ends: retires stale slow messages.
+    qint64 m_processingStageToken = 0;
+    std::unique_ptr<RepeatingTimer> m_levelTimer;
+    std::unique_ptr<RepeatingTimer> m_connectionTimer;
+};
