@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+struct xcb_connection_t;
+struct xcb_get_modifier_mapping_reply_t;
+struct xcb_xkb_get_map_reply_t;
+
+// What the keys of the keyboard type, and which of them are modifiers, as of one moment.
+class KeyboardMap final
+{
+public:
+    // The first of the eight modifiers in the order of their bits; Mod1 to Mod5 follow.
+    enum Row { ShiftRow, LockRow, ControlRow, FirstModRow };
+    static constexpr std::size_t rowCount = 8;
+
+    // Reads the map in one round trip; absent when the display cannot tell. The connection must
+    // have been introduced to the XKB extension.
+    [[nodiscard]] static std::optional<KeyboardMap> read(xcb_connection_t *connection);
+
+    // The keys that set the modifier of this row, in the order of the map.
+    [[nodiscard]] const std::vector<quint8> &modifierKeys(std::size_t row) const;
+    // The bits of the modifiers Mod1 to Mod5 set by keys that carry one of two key symbols.
+    [[nodiscard]] quint16 modifierBits(quint32 symbol, quint32 alternative) const;
+    // The key that types the symbol without modifiers: in the current layout, else in another of
+    // those that the user switches between.
+    [[nodiscard]] std::optional<quint8> keyTyping(quint32 symbol) const;
+    // Whether the key is one that toggles: Caps, Num, Scroll or Shift Lock.
+    [[nodiscard]] bool isLockKey(quint8 key) const;
+
+private:
+    KeyboardMap() = default;
+    void readSymbols(const xcb_xkb_get_map_reply_t *reply);
+    void readRows(const xcb_get_modifier_mapping_reply_t *reply);
+    [[nodiscard]] quint32 symbol(quint8 key, std::size_t layout) const;
+
+    std::array<std::vector<quint32>, 256> m_symbols; // by key, then by layout
+    std::array<std::vector<quint8>, rowCount> m_rows;
+    std::size_t m_currentLayout = 0;
+    std::size_t m_layoutCount = 1;
+};

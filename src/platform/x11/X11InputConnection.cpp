@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "X11InputConnection.h"
+
+#include "XcbReply.h"
+
+#include <algorithm>
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+#include <xcb/xtest.h>
+// The header names a field "explicit".
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace {
+
+// The opcode of the input extension, version 2.2 or later; 0 when the display has none.
+int inputOpcode(xcb_connection_t *connection)
+{
+    const auto *const extension = xcb_get_extension_data(connection, &xcb_input_id);
+    if (extension == nullptr || !extension->present)
+        return 0;
+    const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
+        connection, xcb_input_xi_query_version(connection, 2, 2), nullptr));
+    return version && version->major_version >= 2 ? extension->major_opcode : 0;
+}
+
+bool hasExtension(xcb_connection_t *connection, xcb_extension_t *id)
+{
+    const auto *const extension = xcb_get_extension_data(connection, id);
+    return extension != nullptr && extension->present;
+}
+
+} // namespace
+
+X11InputConnection::X11InputConnection()
+    : m_connection([this](const void *event) { handleEvent(event); })
+{
+    auto *const connection = m_connection.get();
+    if (!m_connection.isUsable())
+        return;
+    m_inputOpcode = inputOpcode(connection);
+    const XcbReply<xcb_xkb_use_extension_reply_t> keyboardMaps(xcb_xkb_use_extension_reply(
+        connection,
+        xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
+        nullptr));
+    m_canPost = hasExtension(connection, &xcb_test_id) && keyboardMaps && keyboardMaps->supported;
+}
+
+X11InputConnection::~X11InputConnection() = default;
+
+bool X11InputConnection::canWatch() const
+{
+    return m_inputOpcode != 0 && m_connection.isUsable();
+}
+
+bool X11InputConnection::canPost() const
+{
+    return m_canPost && m_connection.isUsable();
+}
+
+void X11InputConnection::addListener(const void *owner, Listener listener)
+{
+    m_listeners[owner] = std::move(listener);
+    if (m_listeners.size() == 1)
+        watch(true);
+}
+
+void X11InputConnection::removeListener(const void *owner)
+{
+    if (m_listeners.erase(owner) > 0 && m_listeners.empty())
+        watch(false);
+}
+
+std::vector<quint8> X11InputConnection::keysDown()
+{
+    auto *const connection = m_connection.get();
+    const XcbReply<xcb_query_keymap_reply_t> keymap(
+        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
+    m_connection.drainSoon();
+    std::vector<quint8> down;
+    for (unsigned key = 0; keymap && key < 256; ++key)
+        if ((keymap->keys[key / 8] >> (key % 8) & 1U) != 0)
+            down.push_back(static_cast<quint8>(key));
+    return down;
+}
+
+void X11InputConnection::post(const std::vector<KeyStroke> &strokes)
+{
+    auto *const connection = m_connection.get();
+    xcb_get_input_focus_cookie_t barrier{};
+    {
+        // Held until every request is noted: their events may be read on the other thread at once.
+        const std::lock_guard lock(m_mutex);
+        for (const auto &stroke : strokes) {
+            const quint8 type = stroke.isPress ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+            const auto request = xcb_test_fake_input(
+                connection, type, stroke.key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+            if (m_isWatching)
+                m_posted.push_back({stroke, request.sequence});
+        }
+        barrier = xcb_get_input_focus(connection);
+    }
+    const XcbReply<xcb_get_input_focus_reply_t> done(
+        xcb_get_input_focus_reply(connection, barrier, nullptr));
+    m_connection.drainSoon();
+}
+
+void X11InputConnection::watch(bool isWatching)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isWatching = isWatching;
+        m_posted.clear();
+    }
+    struct
+    {
+        xcb_input_event_mask_t header;
+        quint32 mask;
+    } selection{};
+    selection.header.deviceid = XCB_INPUT_DEVICE_ALL_MASTER;
+    selection.header.mask_len = 1;
+    if (isWatching)
+        selection.mask =
+            XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+    const auto request = xcb_input_xi_select_events_checked(
+        m_connection.get(), m_connection.root(), 1, &selection.header);
+    const XcbReply<xcb_generic_error_t> error(xcb_request_check(m_connection.get(), request));
+    m_connection.drainSoon();
+}
+
+void X11InputConnection::handleEvent(const void *event)
+{
+    if ((static_cast<const xcb_generic_event_t *>(event)->response_type & 0x7f) != XCB_GE_GENERIC)
+        return;
+    // Generic events are longer than the type says; libxcb aligns them.
+    const auto *const key = static_cast<const xcb_input_raw_key_press_event_t *>(event);
+    const bool isPress = key->event_type == XCB_INPUT_RAW_KEY_PRESS;
+    if (key->extension != m_inputOpcode
+        || (!isPress && key->event_type != XCB_INPUT_RAW_KEY_RELEASE))
+        return;
+    const KeyStroke stroke{static_cast<quint8>(key->detail), isPress};
+    if (takePosted(stroke, key->full_sequence))
+        return;
+    const auto listeners = m_listeners; // a listener may remove itself
+    for (const auto &[owner, listener] : listeners)
+        if (m_listeners.contains(owner))
+            listener(stroke, key->time);
+}
+
+bool X11InputConnection::takePosted(const KeyStroke &stroke, quint32 sequence)
+{
+    const std::lock_guard lock(m_mutex);
+    // Events come in the order of the requests: what has an older number raised no event.
+    std::erase_if(m_posted, [sequence](const Posted &posted) {
+        return static_cast<qint32>(posted.sequence - sequence) < 0;
+    });
+    const auto own = std::ranges::find_if(m_posted, [&](const Posted &posted) {
+        return posted.sequence == sequence && posted.stroke == stroke;
+    });
+    if (own == m_posted.end())
+        return false;
+    m_posted.erase(own);
+    return true;
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "XcbConnection.h"
+
+#include <map>
+#include <mutex>
+#include <vector>
+
+// A key going down or up on any keyboard, by its X key code.
+struct KeyStroke
+{
+    quint8 key = 0;
+    bool isPress = false;
+
+    bool operator==(const KeyStroke &) const = default;
+};
+
+// The connection on which the keyboard is watched and keys are posted. Both share it, because a key
+// that we posted ourselves is told from the user's by the sequence number of our own request.
+class X11InputConnection final
+{
+public:
+    // `time` is the server's, in milliseconds.
+    using Listener = std::function<void(const KeyStroke &stroke, quint32 time)>;
+
+    X11InputConnection();
+    ~X11InputConnection();
+    X11InputConnection(const X11InputConnection &) = delete;
+    X11InputConnection &operator=(const X11InputConnection &) = delete;
+
+    // Whether keys can be watched, and whether they can be posted.
+    [[nodiscard]] bool canWatch() const;
+    [[nodiscard]] bool canPost() const;
+    [[nodiscard]] const XcbConnection &connection() const { return m_connection; }
+
+    // Calls the listener for the keys that others press and release, whichever window has the
+    // focus. When this returns no later key is missed. One listener an owner. Main thread only.
+    void addListener(const void *owner, Listener listener);
+    void removeListener(const void *owner);
+    // The keys that are down now, by X key code. Any thread.
+    [[nodiscard]] std::vector<quint8> keysDown();
+
+    // Posts the strokes in their order and returns when the server has taken them. Any thread.
+    void post(const std::vector<KeyStroke> &strokes);
+
+private:
+    struct Posted
+    {
+        KeyStroke stroke;
+        quint32 sequence = 0;
+    };
+
+    void handleEvent(const void *event);
+    void watch(bool isWatching);
+    [[nodiscard]] bool takePosted(const KeyStroke &stroke, quint32 sequence);
+
+    XcbConnection m_connection;
+    int m_inputOpcode = 0; // 0 when the extension is missing
+    bool m_canPost = false;
+    std::map<const void *, Listener> m_listeners;
+    std::mutex m_mutex;
+    bool m_isWatching = false; // guarded by m_mutex, like the next
+    std::vector<Posted> m_posted;
+};
