@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "GlobalHotKeys.h"
+
+#include "AppLogger.h"
+#include "AppRuntime.h"
+#include "HotKeyFormatter.h"
+#include "Text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 escapeKeyCode = 53;
+
+} // namespace
+
+GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
+                             ModifierMonitor &monitor,
+                             MainQueue &mainQueue,
+                             Callbacks callbacks)
+    : m_registrar(registrar)
+    , m_monitor(monitor)
+    , m_mainQueue(mainQueue)
+    , m_callbacks(std::move(callbacks))
+{}
+
+GlobalHotKeys::~GlobalHotKeys()
+{
+    m_monitor.stop();
+    m_registrar.unregisterHotKey(HotKeyId::Main);
+    m_registrar.unregisterHotKey(HotKeyId::Escape);
+    m_registrar.setHandler({});
+}
+
+void GlobalHotKeys::installHotKeyHandler()
+{
+    if (m_isHandlerInstalled)
+        return;
+    m_isHandlerInstalled = true;
+    m_registrar.setHandler([this](HotKeyId id) {
+        queue(id == HotKeyId::Escape ? m_callbacks.cancelRecording : m_callbacks.toggleRecording);
+    });
+}
+
+void GlobalHotKeys::registerHotKey()
+{
+    const auto hotKey = m_callbacks.hotKey();
+    AppLogger::info("Registering hotkey. displayName="_L1 + hotKey.displayName + " modifierOnly="_L1
+                    + flagText(hotKey.isModifierOnly()));
+    m_registrar.unregisterHotKey(HotKeyId::Main);
+    removeModifierHotKeyMonitor();
+    if (!hotKey.isModifierOnly()) {
+        registerCombination(hotKey);
+        return;
+    }
+    installModifierHotKeyMonitor();
+    showToolTip(hotKey);
+    AppLogger::info("Modifier-only hotkey monitor installed. displayName="_L1 + hotKey.displayName);
+}
+
+void GlobalHotKeys::registerCombination(const HotKeyConfig &hotKey)
+{
+    const int status = m_registrar.registerHotKey(HotKeyId::Main, hotKey.keyCode, hotKey.modifiers);
+    if (status != 0) {
+        AppLogger::error("Hotkey registration failed. displayName="_L1 + hotKey.displayName
+                         + " status="_L1 + QString::number(status));
+        return;
+    }
+    showToolTip(hotKey);
+    AppLogger::info("Hotkey registered. displayName="_L1 + hotKey.displayName);
+}
+
+void GlobalHotKeys::registerEscapeCancelHotKey()
+{
+    unregisterEscapeCancelHotKey();
+    static_cast<void>(m_registrar.registerHotKey(HotKeyId::Escape, escapeKeyCode, 0));
+}
+
+void GlobalHotKeys::unregisterEscapeCancelHotKey()
+{
+    m_registrar.unregisterHotKey(HotKeyId::Escape);
+}
+
+void GlobalHotKeys::installModifierHotKeyMonitor()
+{
+    m_modifierHotKeyIsDown = false;
+    // A display that cannot be watched leaves the hotkey without effect, as a refused monitor does.
+    static_cast<void>(m_monitor.start([this](const KeyEvent &event) {
+        queue([this, event] { handleModifierHotKeyEvent(event); });
+    }));
+}
+
+void GlobalHotKeys::removeModifierHotKeyMonitor()
+{
+    m_monitor.stop();
+    m_modifierHotKeyIsDown = false;
+}
+
+void GlobalHotKeys::handleModifierHotKeyEvent(const KeyEvent &event)
+{
+    const auto &hotKey = m_callbacks.hotKey();
+    if (!hotKey.isModifierOnly() || event.keyCode != hotKey.keyCode)
+        return;
+    const bool isDown = HotKeyFormatter::carbonValueContains(event.modifierFlags, hotKey.modifiers);
+    const bool isPressed = isDown && !m_modifierHotKeyIsDown;
+    m_modifierHotKeyIsDown = isDown;
+    if (isPressed)
+        m_callbacks.toggleRecording();
+}
+
+void GlobalHotKeys::showToolTip(const HotKeyConfig &hotKey)
+{
+    m_callbacks.setToolTip(AppRuntime::appName + u"：按 "_s + hotKey.displayName
+                           + u" 开始或停止录音"_s);
+}
+
+void GlobalHotKeys::queue(std::function<void()> action)
+{
+    m_mainQueue.post([alive = std::weak_ptr(m_lifetime), action = std::move(action)] {
+        if (!alive.expired())
+            action();
+    });
+}

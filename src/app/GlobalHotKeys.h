@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HotKeyConfig.h"
+#include "HotKeyRegistrar.h"
+#include "MainQueue.h"
+#include "ModifierMonitor.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+// Makes the configured hotkey work system-wide, an ordinary one by the desktop's hotkey service and
+// a lone modifier key by watching the modifiers, and Escape while a recording runs. Main thread
+// only.
+class GlobalHotKeys final
+{
+public:
+    // What the hotkeys need of the application. The actions run as ordinary work of the main queue.
+    struct Callbacks
+    {
+        std::function<const HotKeyConfig &()> hotKey;
+        std::function<void()> toggleRecording;
+        std::function<void()> cancelRecording;
+        std::function<void(const QString &)> setToolTip;
+    };
+
+    GlobalHotKeys(HotKeyRegistrar &registrar,
+                  ModifierMonitor &monitor,
+                  MainQueue &mainQueue,
+                  Callbacks callbacks);
+    ~GlobalHotKeys();
+    GlobalHotKeys(const GlobalHotKeys &) = delete;
+    GlobalHotKeys &operator=(const GlobalHotKeys &) = delete;
+
+    // Installs the handler of hotkey presses, once.
+    void installHotKeyHandler();
+    // Puts the configured hotkey in the place of the one before. A combination that cannot be had
+    // is logged and leaves none.
+    void registerHotKey();
+    // Makes Escape cancel the recording; that it cannot be had is ignored: it does not cancel then.
+    void registerEscapeCancelHotKey();
+    void unregisterEscapeCancelHotKey();
+
+    void installModifierHotKeyMonitor();
+    void removeModifierHotKeyMonitor();
+    // Toggles when the configured modifier key goes down; its release arms it again.
+    void handleModifierHotKeyEvent(const KeyEvent &event);
+
+private:
+    void registerCombination(const HotKeyConfig &hotKey);
+    void showToolTip(const HotKeyConfig &hotKey);
+    void queue(std::function<void()> action);
+
+    HotKeyRegistrar &m_registrar;
+    ModifierMonitor &m_monitor;
+    MainQueue &m_mainQueue;
+    Callbacks m_callbacks;
+    bool m_isHandlerInstalled = false;
+    bool m_modifierHotKeyIsDown = false;
+    // Gone with this object: queued work asks it first.
+    std::shared_ptr<char> m_lifetime = std::make_shared<char>();
+};
