@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+class QProcess;
+struct xcb_connection_t;
+
+// Keys of the private desktop's keyboard by their X key codes.
+namespace Key {
+inline constexpr quint8 escape = 9;
+inline constexpr quint8 insert = 118;
+inline constexpr quint8 space = 65;
+inline constexpr quint8 a = 38;
+inline constexpr quint8 s = 39;
+inline constexpr quint8 f9 = 75;
+inline constexpr quint8 capsLock = 66;
+inline constexpr quint8 numLock = 77;
+inline constexpr quint8 scrollLock = 78;
+inline constexpr quint8 leftShift = 50;
+inline constexpr quint8 rightShift = 62;
+inline constexpr quint8 leftControl = 37;
+inline constexpr quint8 rightControl = 105;
+inline constexpr quint8 leftAlt = 64;
+inline constexpr quint8 rightAlt = 108;
+inline constexpr quint8 leftSuper = 133;
+inline constexpr quint8 rightSuper = 134;
+} // namespace Key
+
+// Ends an application and waits for its end.
+struct EndProcess
+{
+    void operator()(QProcess *process) const;
+};
+using Application = std::unique_ptr<QProcess, EndProcess>;
+
+// The private desktop as a user sits at it: its keyboard, its keyboard layouts and applications
+// that we did not write. Leaves no key down and the layout as it was.
+class Desktop final
+{
+public:
+    Desktop();
+    ~Desktop();
+    Desktop(const Desktop &) = delete;
+    Desktop &operator=(const Desktop &) = delete;
+
+    // Keys as fingers move them: on the real keyboard, not on the one for posted keys.
+    void press(quint8 key);
+    void release(quint8 key);
+    // Presses the keys in their order and releases them in reverse.
+    void tap(const std::vector<quint8> &chord);
+    // What the whole display takes to be down.
+    [[nodiscard]] std::vector<quint8> keysDown() const;
+    // Whether the lock with this modifier bit is on.
+    [[nodiscard]] bool isLocked(quint16 modifierBit) const;
+
+    // Runs setxkbmap with these arguments.
+    void setLayout(const QStringList &arguments);
+
+    // Starts an application and waits until its window, by the name its class carries, has the
+    // focus. It is ended with the returned object.
+    [[nodiscard]] Application
+    start(const QString &program, const QStringList &arguments, const QString &windowClass);
+    // Instance and class of the window that has the focus, separated by a blank.
+    [[nodiscard]] QString focusedClass() const;
+
+private:
+    void post(quint8 key, bool isPress);
+
+    struct Disconnect
+    {
+        void operator()(xcb_connection_t *connection) const;
+    };
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    quint8 m_keyboard = 0; // the real keyboard's device
+    quint8 m_firstInputEvent = 0;
+    bool m_isLayoutChanged = false;
+};
