@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "HttpRequest.h"
+#include "HttpResponse.h"
+
+#include <QSslConfiguration>
+#include <QThread>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class HttpWorker;
+
+// The process's HTTP: HTTP/1.1 with connections kept open, certificates verified, the system's
+// proxy, no cookies, no cache, no redirects followed, and every request sent exactly once. Every
+// operation may be called from any thread.
+class HttpSession final
+{
+public:
+    // Certificates are verified against the system's authorities, or by `tls` when it is given.
+    // Network code is loaded on the session's own thread, at its first use.
+    explicit HttpSession(const std::optional<QSslConfiguration> &tls = {});
+    ~HttpSession();
+    HttpSession(const HttpSession &) = delete;
+    HttpSession &operator=(const HttpSession &) = delete;
+
+    // Sends the request and waits for the whole answer; an error status is an answer too. Throws
+    // HttpError, and what opening or reading the body throws.
+    [[nodiscard]] HttpResponse send(const HttpRequest &request);
+    // Opens a connection for a request that will follow, unless one is open already; returns at
+    // once. A failure shows when the request is made, a URL that is not HTTP is ignored.
+    void openAhead(const QUrl &url);
+    // Refuses new requests, fails those in flight as cancelled and ends the thread.
+    void close();
+
+private:
+    class Thread;
+
+    std::unique_ptr<HttpWorker> m_worker;
+    std::unique_ptr<QThread> m_thread;
+};
