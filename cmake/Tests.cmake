@@ -36,7 +36,7 @@ endfunction()
 # wrenfold_desktop_test_again(NAME VARIANT NAME=VALUE ...)
 # The cases of a desktop test once more, as NAME.VARIANT.*, with these environment variables.
 function(wrenfold_desktop_test_again name variant)
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}.${variant}."
-        TEST_LIST ${name}_${variant} PROPERTIES
-        TIMEOUT 300 LABELS desktop ENVIRONMENT "${WRENFOLD_TEST_ENVIRONMENT};${ARGN}")
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+        TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}.${variant}." TEST_LIST ${name}_${variant}
+        PROPERTIES TIMEOUT 300 LABELS desktop ENVIRONMENT "${ARGN}")
 endfunction()

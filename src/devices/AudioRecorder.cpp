@@ -83,7 +83,7 @@ QUrl AudioRecorder::start()
 {
     const QString directory = temporaryDirectoryPath();
     if (directory.isEmpty())
-        throw LocalizedError(u"临时目录不可用。"_s);
+        throw LocalizedError(u"No safe directory for temporary files."_s);
     const QString path = newRecordingPath(directory);
     const bool isWritable = QFileInfo(directory).isWritable();
     auto engine = m_system.createRecording(path);

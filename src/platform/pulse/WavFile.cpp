@@ -59,9 +59,9 @@ std::size_t writeAll(int descriptor, const char *data, std::size_t size)
     return written;
 }
 
-LocalizedError creationError(int code)
+LocalizedError creationError(const QString &path, int code)
 {
-    return LocalizedError(u"无法创建录音文件：%1。"_s.arg(qt_error_string(code)));
+    return LocalizedError(u"Cannot create %1: %2."_s.arg(path, qt_error_string(code)));
 }
 
 } // namespace
@@ -72,14 +72,14 @@ WavFile::WavFile(const QString &path)
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     m_descriptor = ::open(name.constData(), flags, 0600);
     if (m_descriptor < 0)
-        throw creationError(errno);
+        throw creationError(path, errno);
     const auto header = headerFor(0);
     if (writeAll(m_descriptor, header.data(), header.size()) == header.size())
         return;
     const int code = errno;
     ::close(m_descriptor);
     ::unlink(name.constData());
-    throw creationError(code);
+    throw creationError(path, code);
 }
 
 WavFile::~WavFile()

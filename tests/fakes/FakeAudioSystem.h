@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AudioSystem.h"
+#include "LocalizedError.h"
+
+#include <QFile>
+
+#include <atomic>
+
+// A sound server whose devices do as they are told. Its recordings are files that hold `content`
+// once they are stopped. The settings may be changed at any time between two calls.
+class FakeAudioSystem final : public AudioSystem
+{
+public:
+    QString inputName = QStringLiteral("Fake Microphone");
+    std::atomic<MicrophonePermission> permission = MicrophonePermission::Authorized;
+    bool canCreate = true;
+    bool canPrepare = true;
+    bool canRecord = true;
+    float powerDb = -160;
+    QByteArray content = QByteArray(44, '\0');
+    int recordingsInProgress = 0;
+
+    [[nodiscard]] QString defaultInputName() override { return inputName; }
+    [[nodiscard]] MicrophonePermission microphonePermission() override { return permission; }
+    [[nodiscard]] std::unique_ptr<RecordingEngine> createRecording(const QString &path) override
+    {
+        if (!canCreate)
+            throw LocalizedError(QStringLiteral("The file cannot be created."));
+        return std::make_unique<Engine>(*this, path);
+    }
+
+private:
+    class Engine final : public RecordingEngine
+    {
+    public:
+        Engine(FakeAudioSystem &system, const QString &path)
+            : m_system(system)
+            , m_file(path)
+        {
+            if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+                throw LocalizedError(m_file.errorString());
+        }
+        ~Engine() override { end(); }
+
+        [[nodiscard]] bool prepareToRecord() override { return m_system.canPrepare; }
+        [[nodiscard]] bool record() override
+        {
+            m_isRecording = m_system.canRecord;
+            m_system.recordingsInProgress += m_isRecording ? 1 : 0;
+            return m_isRecording;
+        }
+        void stop() override
+        {
+            m_file.write(m_system.content);
+            m_file.close();
+            end();
+        }
+        [[nodiscard]] float averagePowerDb() const override { return m_system.powerDb; }
+
+    private:
+        void end()
+        {
+            m_system.recordingsInProgress -= m_isRecording ? 1 : 0;
+            m_isRecording = false;
+        }
+
+        FakeAudioSystem &m_system;
+        QFile m_file;
+        bool m_isRecording = false;
+    };
+};

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "LevelMeter.h"
+#include "LocalizedError.h"
+#include "WavFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <numbers>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+TEST(WavFileTest, IsPrivateAndHasItsSizesInTheHeader)
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"a.wav"_s);
+    WavFile wav(path);
+    wav.append(std::vector<std::int16_t>{1, -2});
+    wav.append(std::vector<std::int16_t>{258});
+    wav.finish();
+    wav.append(std::vector<std::int16_t>{4});
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toHex(' '),
+              "52 49 46 46 2a 00 00 00 57 41 56 45 66 6d 74 20 10 00 00 00 01 00 01 00 80 3e 00 00"
+              " 00 7d 00 00 02 00 10 00 64 61 74 61 06 00 00 00 01 00 fe ff 02 01"_ba);
+    EXPECT_EQ(file.permissions() & 0x0fff, QFile::ReadUser | QFile::WriteUser);
+}
+
+TEST(WavFileTest, NeverWritesThroughALinkOrOverAFile)
+{
+    const QTemporaryDir directory;
+    const QString target = directory.filePath(u"target"_s);
+    const QString planted = directory.filePath(u"planted.wav"_s);
+    for (const bool hasTarget : {false, true}) {
+        ASSERT_TRUE(!hasTarget || QFile(target).open(QIODevice::WriteOnly));
+        QFile::remove(planted);
+        ASSERT_TRUE(QFile::link(target, planted));
+        EXPECT_THROW(const WavFile wav(planted), LocalizedError);
+        EXPECT_EQ(QFileInfo::exists(target), hasTarget);
+        EXPECT_EQ(QFileInfo(target).size(), 0);
+    }
+    EXPECT_THROW(const WavFile wav(target), LocalizedError);
+    EXPECT_THROW(const WavFile wav(directory.filePath(u"missing/a.wav"_s)), LocalizedError);
+}
+
+TEST(LevelMeterTest, TellsTheLoudnessOfTheLatestTenthOfASecond)
+{
+    LevelMeter meter;
+    EXPECT_EQ(meter.averagePowerDb(), -160.0F);
+    std::vector<std::int16_t> sine(320);
+    for (const auto &[amplitude, db] : {std::pair{32767.0, -3.01F}, {3276.7, -23.01F}}) {
+        for (std::size_t i = 0; i < sine.size(); ++i) {
+            const double phase = 2 * std::numbers::pi * static_cast<double>(i) / 32;
+            sine[i] = static_cast<std::int16_t>(std::lround(amplitude * std::sin(phase)));
+        }
+        for (int fragment = 0; fragment < 5; ++fragment)
+            meter.add(sine);
+        EXPECT_NEAR(meter.averagePowerDb(), db, 0.01F);
+    }
+    const std::vector<std::int16_t> silence(1600 - 320);
+    meter.add(silence);
+    EXPECT_NEAR(meter.averagePowerDb(), -23.01F - 6.99F, 0.01F);
+    meter.add(silence);
+    EXPECT_EQ(meter.averagePowerDb(), -160.0F);
+}
