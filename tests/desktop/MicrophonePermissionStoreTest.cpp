@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "MicrophonePermissionStore.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Permissions = QMap<QString, QStringList>;
+
+// Answers every look-up of the microphone with the same record; never, when it has none.
+class FakePermissionStore final : public QDBusVirtualObject
+{
+public:
+    explicit FakePermissionStore(std::optional<Permissions> permissions)
+        : m_permissions(std::move(permissions))
+    {
+        moveToThread(&m_thread);
+        m_thread.start();
+        qDBusRegisterMetaType<Permissions>();
+        m_bus.registerVirtualObject(u"/org/freedesktop/impl/portal/PermissionStore"_s, this);
+        EXPECT_TRUE(m_bus.registerService(u"org.freedesktop.impl.portal.PermissionStore"_s));
+    }
+    ~FakePermissionStore() override
+    {
+        QDBusConnection::disconnectFromBus(u"store"_s);
+        m_thread.quit();
+        m_thread.wait();
+    }
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        const QVariantList expected{u"devices"_s, u"microphone"_s};
+        if (message.member() != u"Lookup"_s || message.arguments() != expected)
+            return false;
+        const auto data = QVariant::fromValue(QDBusVariant(0));
+        if (m_permissions)
+            bus.send(message.createReply({QVariant::fromValue(*m_permissions), data}));
+        return true;
+    }
+
+private:
+    std::optional<Permissions> m_permissions;
+    QThread m_thread;
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"store"_s);
+};
+
+} // namespace
+
+TEST(MicrophonePermissionStoreTest, DeniesOnlyWhatTheDesktopDenies)
+{
+    const QString own = u"local.wrenfold"_s;
+    const QStringList yes{u"yes"_s};
+    const QStringList no{u"no"_s};
+    const std::tuple<std::optional<Permissions>, MicrophonePermission> cases[] = {
+        {Permissions{{own, no}}, MicrophonePermission::Denied},
+        {Permissions{{own, yes}}, MicrophonePermission::Authorized},
+        {Permissions{{own, {u"ask"_s}}}, MicrophonePermission::Authorized},
+        {Permissions{{QString(), no}}, MicrophonePermission::Denied},
+        {Permissions{{own, yes}, {QString(), no}}, MicrophonePermission::Authorized},
+        {Permissions{{u"org.example.Other"_s, no}}, MicrophonePermission::Authorized},
+        {Permissions{}, MicrophonePermission::Authorized},
+        {std::nullopt, MicrophonePermission::Authorized},
+    };
+    EXPECT_EQ(MicrophonePermissionStore::permission(), MicrophonePermission::Authorized);
+    for (const auto &[permissions, expected] : cases) {
+        const FakePermissionStore store(permissions);
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_EQ(MicrophonePermissionStore::permission(), expected);
+        EXPECT_LT(clock.elapsed(), 300);
+    }
+}
