@@ -145,7 +145,7 @@ void VoiceOverlayView::setMode(const VoiceOverlayMode &mode)
 void VoiceOverlayView::updateLevel(qreal level)
 {
     m_level = std::clamp(level, lowestLevel, 1.0);
-    update();
+    updateMoving();
 }
 
 void VoiceOverlayView::startAnimating()
@@ -164,9 +164,7 @@ QRegion VoiceOverlayView::shapeRegion() const
     bitmap.clear();
     QPainter painter(&bitmap);
     const auto add = [&painter](const QRectF &rect, qreal radius) {
-        const auto path = roundedPath(rect, radius);
-        painter.fillPath(path, Qt::color1);
-        painter.strokePath(path, QPen(Qt::color1, 1));
+        painter.fillPath(roundedPath(rect, radius), Qt::color1);
     };
     if (m_mode.kind == VoiceOverlayMode::Kind::Recording) {
         add(bubbleRect, bubbleRadius);
@@ -198,8 +196,16 @@ void VoiceOverlayView::paintEvent(QPaintEvent *)
 void VoiceOverlayView::advancePhase()
 {
     m_phase += phaseStep;
-    if (m_mode.kind != VoiceOverlayMode::Kind::Status)
-        update();
+    updateMoving();
+}
+
+// Redraws what depends on the phase and the level.
+void VoiceOverlayView::updateMoving()
+{
+    if (m_mode.kind == VoiceOverlayMode::Kind::Recording)
+        update(waveformRect.toAlignedRect());
+    else if (m_mode.kind == VoiceOverlayMode::Kind::Typing)
+        update(narrowPillRect.toAlignedRect());
 }
 
 void VoiceOverlayView::drawRecording(QPainter &painter)
@@ -269,10 +275,14 @@ void VoiceOverlayView::drawWaveform(QPainter &painter) const
 
 void VoiceOverlayView::drawText(QPainter &painter, const QRectF &rect, const QColor &color) const
 {
+    // Line boxes differ between fonts: the ideographs' own middle is placed, 0.38 em above the
+    // baseline, one pixel below the middle of the shape.
+    const qreal baseline = rect.center().y() + 1 + 0.38 * font().pixelSize();
     const QFontMetricsF metrics(font());
-    const auto place = rect.adjusted(-textTolerance, 1, textTolerance, 1);
-    const auto text = metrics.elidedText(m_mode.displayedText(), Qt::ElideRight, place.width());
+    const auto text = metrics.elidedText(
+        m_mode.displayedText(), Qt::ElideRight, rect.width() + 2 * textTolerance);
     painter.setFont(font());
     painter.setPen(color);
-    painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter.drawText(QPointF(rect.center().x() - metrics.horizontalAdvance(text) / 2, baseline),
+                     text);
 }

@@ -39,6 +39,7 @@ protected:
 
 private:
     void advancePhase();
+    void updateMoving();
     void drawRecording(QPainter &painter);
     void drawTyping(QPainter &painter) const;
     void drawStatus(QPainter &painter) const;

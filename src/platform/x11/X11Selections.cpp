@@ -29,9 +29,10 @@ quint32 X11Selections::atom(xcb_connection_t *connection, const QByteArray &name
 
 QByteArray X11Selections::nameForScreen(const QByteArray &prefix)
 {
+    int display = 0;
     int screen = 0;
     char *host = nullptr;
-    xcb_parse_display(nullptr, &host, nullptr, &screen);
+    xcb_parse_display(nullptr, &host, &display, &screen);
     const XcbReply<char> freedHost{host};
     return prefix + QByteArray::number(screen);
 }
