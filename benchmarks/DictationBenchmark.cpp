@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "DictationBenchmark.h"
+
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int shortRuns = 21;
+constexpr int minuteRuns = 5;
+
+// Configures before anything looks at the files.
+std::filesystem::path configuredLogFile(int port)
+{
+    Application::configure(port);
+    return Application::logFile();
+}
+
+} // namespace
+
+DictationBenchmark::DictationBenchmark(Results &results)
+    : m_results(results)
+    , m_log(configuredLogFile(m_services.port()))
+    , m_application(Application::command())
+{
+    m_log.waitFor("Launch finished.");
+}
+
+void DictationBenchmark::measureShortOnes()
+{
+    Measurement sample{.name = "Key press to first captured sample",
+                       .unit = "ms",
+                       .values = {},
+                       .peer = "parecord",
+                       .goal = Measurement::Goal{.limit = 0.7}};
+    Measurement text{.name = "Recognition answer to text in the focused window",
+                     .unit = "ms",
+                     .values = {},
+                     .peer = "xclip, xdotool",
+                     .goal = Measurement::Goal{.limit = 0.25}};
+    dictate(700ms); // the first of each pays for what is loaded once
+    glueToText();
+    for (int run = 0; run < shortRuns; ++run) {
+        const auto times = dictate(700ms);
+        sample.values.push_back(times.pressToSample);
+        sample.peerValues.push_back(parecordToSample());
+        text.values.push_back(times.answerToText);
+        text.peerValues.push_back(glueToText());
+    }
+    m_results.add(sample);
+    m_results.add(text);
+}
+
+void DictationBenchmark::measureMinutes()
+{
+    Measurement request{.name = "Second key press to last byte of a minute's request",
+                        .unit = "ms",
+                        .values = {},
+                        .peer = "curl",
+                        .goal = Measurement::Goal{.limit = 1.0}};
+    m_services.keepBodies();
+    const auto bodyFile = Application::logFile().parent_path() / "body.json";
+    for (int run = 0; run < minuteRuns; ++run) {
+        request.values.push_back(dictate(60s).pressToLastByte);
+        std::ofstream(bodyFile) << m_services.latestBody();
+        request.peerValues.push_back(curlToLastByte(bodyFile));
+    }
+    m_results.add(request);
+}
+
+DictationBenchmark::Times DictationBenchmark::dictate(std::chrono::milliseconds speech)
+{
+    Times times;
+    const auto firstPress = m_hotKey.press();
+    times.pressToSample = milliseconds(firstPress, m_recordings.waitForFirstSample());
+    m_log.waitFor("Recording started.");
+    std::this_thread::sleep_for(speech);
+    const auto secondPress = m_hotKey.press();
+    const auto request = m_services.waitForRequest();
+    times.pressToLastByte = milliseconds(secondPress, request.lastByte);
+    const auto arrival = m_window.waitForText(QString::fromUtf8(InstantServices::polishedText));
+    times.answerToText = milliseconds(request.answered, arrival);
+    m_log.waitFor("Processing timing.");
+    std::this_thread::sleep_for(100ms); // until it is ready for the next
+    return times;
+}
+
+double DictationBenchmark::parecordToSample() const
+{
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe");
+    ChildProcess recorder({"parecord", "--raw", "--rate=16000", "--channels=1", "--format=s16le"},
+                          ends[1]);
+    close(ends[1]);
+    char sample = 0;
+    const auto count = read(ends[0], &sample, 1);
+    const auto arrivedAt = Clock::now();
+    recorder.signal(SIGTERM);
+    recorder.waitForExit();
+    close(ends[0]);
+    if (count != 1)
+        throw std::runtime_error("parecord records nothing");
+    return milliseconds(recorder.startedAt(), arrivedAt);
+}
+
+// curl does not wait for a leave to send the body: that would cost it a second.
+double DictationBenchmark::curlToLastByte(const std::string &bodyFile)
+{
+    ChildProcess curl({"curl",
+                       "--silent",
+                       "--noproxy",
+                       "*",
+                       "--header",
+                       "Content-Type: application/json",
+                       "--header",
+                       "Expect:",
+                       "--data-binary",
+                       '@' + bodyFile,
+                       "http://127.0.0.1:" + std::to_string(m_services.port()) + "/"});
+    const auto request = m_services.waitForRequest();
+    curl.waitForExit();
+    return milliseconds(curl.startedAt(), request.lastByte);
+}
+
+// Only the last steps: a glued script would also have to start curl for the polishing.
+double DictationBenchmark::glueToText()
+{
+    const std::string text = InstantServices::polishedText;
+    const ChildProcess glue(
+        {"sh",
+         "-c",
+         "printf %s '" + text + "' | xclip -selection clipboard && exec xdotool key ctrl+v"});
+    return milliseconds(glue.startedAt(), m_window.waitForText(QString::fromStdString(text)));
+}
