@@ -33,10 +33,11 @@ function(wrenfold_desktop_test name)
         TIMEOUT 300 LABELS desktop)
 endfunction()
 
-# wrenfold_desktop_test_again(NAME VARIANT NAME=VALUE ...)
-# The cases of a desktop test once more, as NAME.VARIANT.*, with these environment variables.
-function(wrenfold_desktop_test_again name variant)
+# wrenfold_desktop_test_again(NAME VARIANT NAME=VALUE)
+# The cases of a desktop test once more, as NAME.VARIANT.*, with this environment variable: one
+# only, for of a list gtest_discover_tests would pass on no more than the first.
+function(wrenfold_desktop_test_again name variant assignment)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}.${variant}." TEST_LIST ${name}_${variant}
-        PROPERTIES TIMEOUT 300 LABELS desktop ENVIRONMENT "${ARGN}")
+        PROPERTIES TIMEOUT 300 LABELS desktop ENVIRONMENT "${assignment}")
 endfunction()
