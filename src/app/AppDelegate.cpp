@@ -1,0 +1,304 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "AppDelegate.h"
+
+#include "Alert.h"
+#include "AppLogger.h"
+#include "AppRuntime.h"
+#include "AutoPaster.h"
+#include "DeepSeekPolisher.h"
+#include "Farewell.h"
+#include "InputPermissionHelp.h"
+#include "Text.h"
+#include "VolcengineFlashASR.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// The desktop may still be granting the permission while it starts the application.
+constexpr auto permissionCheckDelay = 700ms;
+
+QString keyFlag(const QString &key)
+{
+    return flagText(!key.trimmed().isEmpty());
+}
+
+QString keyFlags(const AppConfig &config)
+{
+    return "doubaoKeySet="_L1 + keyFlag(config.volcengine.apiKey) + " deepSeekKeySet="_L1
+        + keyFlag(config.deepSeek.apiKey);
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(Backends backends)
+    : m_backends(std::move(backends))
+    , m_singleInstanceGuard(AppRuntime::bundleIdentifier)
+    , m_recorder(*m_backends.audio)
+    , m_overlay(m_mainQueue, m_backends.hasCompositor)
+    , m_statusMenu(menuActions())
+    , m_globalHotKeys(*m_backends.hotKeys, *m_backends.modifiers, m_mainQueue, hotKeyCallbacks())
+    , m_session(
+          {*this, m_recorder, m_overlay, m_historyStore, m_mainQueue, m_tasks, dictationServices()})
+{}
+
+AppDelegate::~AppDelegate()
+{
+    applicationWillTerminate();
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    AppLogger::installCrashLogging();
+    Farewell::install();
+    AppLogger::info("Launch started. app="_L1 + AppRuntime::appName + " bundleID="_L1
+                    + AppRuntime::bundleIdentifier + " config="_L1 + AppRuntime::configPathDisplay
+                    + " log="_L1 + AppLogger::logPathDisplay());
+    if (!m_singleInstanceGuard.acquire()) {
+        AppLogger::warning(
+            u"Duplicate launch detected. Requesting existing instance to show main window."_s);
+        requestExistingInstanceToShow();
+        QCoreApplication::quit();
+        return;
+    }
+    installDuplicateLaunchObserver();
+    configureStatusMenu();
+    loadConfig();
+    m_globalHotKeys.installHotKeyHandler();
+    m_globalHotKeys.registerHotKey();
+    updateStatusTitle(u"听"_s);
+    m_mainQueue.post([this] { showGettingStarted(); });
+    promptForAccessibilityPermissionIfNeeded();
+    AppLogger::info(u"Launch finished."_s);
+    m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));
+    AudioRecorder::sweepLeftovers();
+}
+
+void AppDelegate::applicationShouldHandleReopen()
+{
+    const bool hasVisibleWindows = m_mainWindowController && m_mainWindowController->isVisible();
+    AppLogger::info("Application reopen requested. hasVisibleWindows="_L1
+                    + flagText(hasVisibleWindows));
+    showGettingStarted();
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    if (std::exchange(m_hasTerminated, true))
+        return;
+    Farewell::say();
+    m_showWindowChannel.stop();
+    m_mainQueue.close();
+    m_http.close();
+    m_tasks.waitForDone();
+    m_session.terminate();
+    m_backends.handOverClipboard();
+    AppLogger::drain();
+    m_singleInstanceGuard.release();
+}
+
+void AppDelegate::requestExistingInstanceToShow()
+{
+    if (!m_showWindowChannel.post())
+        AppLogger::warning(u"Duplicate launch request could not be sent. No session bus."_s);
+}
+
+void AppDelegate::installDuplicateLaunchObserver()
+{
+    if (!m_showWindowChannel.observe([this] { handleDuplicateLaunchRequest(); }))
+        AppLogger::warning(u"Duplicate launch requests cannot be received. No session bus."_s);
+}
+
+void AppDelegate::handleDuplicateLaunchRequest()
+{
+    AppLogger::info(u"Duplicate launch request received. Showing main window."_s);
+    showGettingStarted();
+}
+
+void AppDelegate::configureStatusMenu()
+{
+    m_statusMenu.setToolTip(AppRuntime::appName + u"：按 "_s + m_config.hotKey.displayName
+                            + u" 开始或停止录音"_s);
+    m_statusMenu.loadIcon();
+}
+
+void AppDelegate::loadConfig()
+{
+    AppLogger::info(u"Loading config."_s);
+    try {
+        const auto [config, createdTemplate] = AppConfig::loadOrCreateTemplate();
+        m_config = config;
+        AppLogger::info("Config loaded. createdTemplate="_L1 + flagText(createdTemplate)
+                        + QLatin1Char(' ') + keyFlags(m_config));
+    } catch (...) {
+        AppLogger::error(u"Config load failed."_s, std::current_exception());
+    }
+}
+
+void AppDelegate::updateAPIKeys(const QString &doubaoAPIKey, const QString &deepSeekAPIKey)
+{
+    m_config.volcengine.apiKey = doubaoAPIKey;
+    m_config.deepSeek.apiKey = deepSeekAPIKey;
+    saveConfig("API keys saved. "_L1 + keyFlags(m_config), u"API key save failed."_s);
+}
+
+void AppDelegate::updateHotKey(const HotKeyConfig &hotKey)
+{
+    m_config.hotKey = hotKey;
+    if (saveConfig("Hotkey saved. displayName="_L1 + hotKey.displayName, u"Hotkey save failed."_s))
+        m_globalHotKeys.registerHotKey();
+}
+
+void AppDelegate::updatePromptSettings(const PromptSettings &prompts, const QString &promptText)
+{
+    m_config.prompts = prompts;
+    m_config.polishPrompt = promptText;
+    saveConfig("Prompt settings saved. selectedID="_L1 + prompts.selectedID,
+               u"Prompt settings save failed."_s);
+}
+
+void AppDelegate::updatePersonalDictionary(const PersonalDictionaryConfig &personalDictionary)
+{
+    m_config.personalDictionary = personalDictionary;
+    saveConfig("Personal dictionary saved. terms="_L1
+                   + QString::number(personalDictionary.terms.size()),
+               u"Personal dictionary save failed."_s);
+}
+
+// Returns whether the settings reached the disk; a failure is shown to the user.
+bool AppDelegate::saveConfig(const QString &success, const QString &failure)
+{
+    try {
+        AppConfig::save(m_config);
+    } catch (...) {
+        const auto error = std::current_exception();
+        AppLogger::error(failure, error);
+        m_session.showError(error);
+        return false;
+    }
+    AppLogger::info(success);
+    return true;
+}
+
+MainWindowController &AppDelegate::mainWindow()
+{
+    if (m_mainWindowController)
+        return *m_mainWindowController;
+    m_mainWindowController = std::make_unique<MainWindowController>();
+    auto &window = *m_mainWindowController;
+    window.onAPIKeysSave = [this](const QString &doubaoAPIKey, const QString &deepSeekAPIKey) {
+        updateAPIKeys(doubaoAPIKey, deepSeekAPIKey);
+    };
+    window.onHotKeyChange = [this](const HotKeyConfig &hotKey) { updateHotKey(hotKey); };
+    window.onPromptSettingsChange = [this](const PromptSettings &prompts, const QString &text) {
+        updatePromptSettings(prompts, text);
+    };
+    window.onPersonalDictionaryChange = [this](const PersonalDictionaryConfig &dictionary) {
+        updatePersonalDictionary(dictionary);
+    };
+    window.onPasteHistory = [this](const QString &text) { m_session.pasteHistoryText(text); };
+    window.onOpenLogFolder = &AppLogger::openLogFolder;
+    return window;
+}
+
+void AppDelegate::showGettingStarted()
+{
+    mainWindow().show(m_config, MainWindowPage::GettingStarted);
+}
+
+void AppDelegate::promptForAccessibilityPermissionIfNeeded()
+{
+    if (m_backends.keyboard->isTrusted())
+        return;
+    AppLogger::warning(u"Accessibility permission missing."_s);
+    m_mainQueue.postAfter(permissionCheckDelay, [this] {
+        if (m_backends.keyboard->isTrusted())
+            return;
+        openAccessibilityPermissionSettings();
+        m_session.showOverlayMessage(u"需要权限"_s, 1600ms);
+    });
+}
+
+DictationServices AppDelegate::dictationServices()
+{
+    return {
+        .openConnections = [this](const AppConfig &config) { openConnections(config); },
+        .transcribe =
+            [this](const AppConfig &config, const QUrl &audioURL) {
+                return VolcengineFlashASR(config.volcengine, config.personalDictionary, m_http)
+                    .transcribe(audioURL);
+            },
+        .polish =
+            [this](const AppConfig &config, const QString &prompt, const QString &transcript) {
+                return DeepSeekPolisher(config.deepSeek, prompt, m_http).polish(transcript);
+            },
+        .paste =
+            [this](const AppConfig &config, const QString &text) {
+                AutoPaster(config.paste, *m_backends.keyboard, m_mainQueue).paste(text);
+            },
+    };
+}
+
+void AppDelegate::openConnections(const AppConfig &config)
+{
+    for (const auto &endpoint : {VolcengineFlashASR::endpoint(config.volcengine),
+                                 DeepSeekPolisher::endpoint(config.deepSeek)})
+        if (endpoint)
+            m_http.openAhead(*endpoint);
+}
+
+GlobalHotKeys::Callbacks AppDelegate::hotKeyCallbacks()
+{
+    return {
+        .hotKey = [this]() -> const HotKeyConfig & { return m_config.hotKey; },
+        .toggleRecording = [this] { m_session.toggleRecording(); },
+        .cancelRecording = [this] { m_session.cancelRecording(); },
+        .setToolTip = [this](const QString &text) { m_statusMenu.setToolTip(text); },
+    };
+}
+
+StatusMenuActions AppDelegate::menuActions()
+{
+    return {
+        .openAPIConfiguration = [this] { showGettingStarted(); },
+        .openLogFolder = [] { AppLogger::openLogFolder(); },
+        .quit = [] { QCoreApplication::quit(); },
+        .activate = [this] { applicationShouldHandleReopen(); },
+    };
+}
+
+void AppDelegate::updateStatusTitle(const QString &word)
+{
+    m_statusMenu.setToolTip(AppRuntime::appName + u"："_s + word + u"，按 "_s
+                            + m_config.hotKey.displayName + u" 开始或停止录音"_s);
+}
+
+void AppDelegate::registerEscapeCancelHotKey()
+{
+    m_globalHotKeys.registerEscapeCancelHotKey();
+}
+
+void AppDelegate::unregisterEscapeCancelHotKey()
+{
+    m_globalHotKeys.unregisterEscapeCancelHotKey();
+}
+
+void AppDelegate::refreshMainWindow()
+{
+    mainWindow().refreshIfVisible(m_config);
+}
+
+void AppDelegate::openAccessibilityPermissionSettings()
+{
+    AppLogger::info(u"Opening accessibility permission settings."_s);
+    InputPermissionHelp::open();
+}
+
+void AppDelegate::showAlert(const QString &text, std::function<void()> dismissed)
+{
+    ::showAlert(text, std::move(dismissed));
+}

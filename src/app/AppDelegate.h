@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AppConfig.h"
+#include "AudioRecorder.h"
+#include "Backends.h"
+#include "BackgroundTasks.h"
+#include "DictationHost.h"
+#include "DictationSession.h"
+#include "EventLoopMainQueue.h"
+#include "GlobalHotKeys.h"
+#include "HistoryStore.h"
+#include "HttpSession.h"
+#include "MainWindowController.h"
+#include "ShowWindowChannel.h"
+#include "SingleInstanceGuard.h"
+#include "StatusMenu.h"
+#include "VoiceOverlayController.h"
+
+// The application controller: owns the settings and every long-lived object, starts and ends the
+// application in order, and reacts to the menu and the main window. Main thread only.
+class AppDelegate final : public DictationHost
+{
+public:
+    // Builds the objects; nothing visible happens before applicationDidFinishLaunching().
+    explicit AppDelegate(Backends backends);
+    ~AppDelegate() override;
+
+    // Runs the launch. A duplicate launch hands over to the running instance and quits.
+    void applicationDidFinishLaunching();
+    // The user opened the application again, by its tray icon.
+    void applicationShouldHandleReopen();
+    // Ends everything promptly; the application object must quit afterwards.
+    void applicationWillTerminate();
+
+    // Settings handlers: each changes the settings in memory, then saves them; when saving fails
+    // the error is shown and the change stays in force for this run.
+    void updateAPIKeys(const QString &doubaoAPIKey, const QString &deepSeekAPIKey);
+    void updateHotKey(const HotKeyConfig &hotKey);
+    void updatePromptSettings(const PromptSettings &prompts, const QString &promptText);
+    void updatePersonalDictionary(const PersonalDictionaryConfig &personalDictionary);
+
+    // The main window, made on first use.
+    [[nodiscard]] MainWindowController &mainWindow();
+
+    [[nodiscard]] const AppConfig &config() const override { return m_config; }
+    void updateStatusTitle(const QString &word) override;
+    void registerEscapeCancelHotKey() override;
+    void unregisterEscapeCancelHotKey() override;
+    void refreshMainWindow() override;
+    void openAccessibilityPermissionSettings() override;
+    void showAlert(const QString &text, std::function<void()> dismissed) override;
+
+private:
+    void requestExistingInstanceToShow();
+    void installDuplicateLaunchObserver();
+    void handleDuplicateLaunchRequest();
+    void configureStatusMenu();
+    void loadConfig();
+    bool saveConfig(const QString &success, const QString &failure);
+    void showGettingStarted();
+    void promptForAccessibilityPermissionIfNeeded();
+    void openConnections(const AppConfig &config);
+
+    [[nodiscard]] DictationServices dictationServices();
+    [[nodiscard]] GlobalHotKeys::Callbacks hotKeyCallbacks();
+    [[nodiscard]] StatusMenuActions menuActions();
+
+    // In building order: what stands further down uses what stands above.
+    AppConfig m_config;
+    EventLoopMainQueue m_mainQueue;
+    BackgroundTasks m_tasks;
+    HttpSession m_http;
+    Backends m_backends;
+    SingleInstanceGuard m_singleInstanceGuard;
+    ShowWindowChannel m_showWindowChannel;
+    AudioRecorder m_recorder;
+    VoiceOverlayController m_overlay;
+    HistoryStore m_historyStore;
+    StatusMenu m_statusMenu;
+    GlobalHotKeys m_globalHotKeys;
+    DictationSession m_session;
+    std::unique_ptr<MainWindowController> m_mainWindowController;
+    bool m_hasTerminated = false;
+};

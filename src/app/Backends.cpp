@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "Backends.h"
+
+#include "MicrophonePermissionStore.h"
+#include "PulseAudioSystem.h"
+#include "TrayHostMonitor.h"
+#include "X11ClipboardHandover.h"
+#include "X11Compositor.h"
+#include "X11HotKeyRegistrar.h"
+#include "X11InputConnection.h"
+#include "X11ModifierMonitor.h"
+#include "X11SyntheticKeyboard.h"
+#include "X11TrayWatch.h"
+
+Backends makeBackends()
+{
+    const auto input = std::make_shared<X11InputConnection>();
+    Backends backends{
+        .connection = input,
+        .hotKeys = std::make_unique<X11HotKeyRegistrar>(*input),
+        .modifiers = std::make_unique<X11ModifierMonitor>(*input),
+        .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
+        .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
+        .trayHosts = {},
+        .hasCompositor = &hasCompositor,
+        .handOverClipboard = [] { handOverClipboard(); },
+    };
+    backends.trayHosts.push_back(std::make_unique<TrayHostMonitor>());
+    backends.trayHosts.push_back(std::make_unique<X11TrayWatch>());
+    return backends;
+}

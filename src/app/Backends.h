@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AudioSystem.h"
+#include "HotKeyRegistrar.h"
+#include "ModifierMonitor.h"
+#include "SyntheticKeyboard.h"
+#include "TrayHostWatch.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+// The desktop as the application controller uses it, every part behind its interface.
+struct Backends
+{
+    // What some of the parts share; goes last.
+    std::shared_ptr<void> connection;
+    std::unique_ptr<HotKeyRegistrar> hotKeys;
+    std::unique_ptr<ModifierMonitor> modifiers;
+    std::unique_ptr<SyntheticKeyboard> keyboard;
+    std::unique_ptr<AudioSystem> audio;
+    std::vector<std::unique_ptr<TrayHostWatch>> trayHosts;
+    // Whether windows can be translucent now.
+    std::function<bool()> hasCompositor;
+    // Lets a clipboard we own outlive us, where somebody keeps it.
+    std::function<void()> handOverClipboard;
+};
+
+// The desktop this process runs on. Needs the application object.
+[[nodiscard]] Backends makeBackends();

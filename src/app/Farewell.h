@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// The last line of the log, written once however the process ends.
+namespace Farewell {
+
+// Writes the line at exit() too: Qt leaves that way, without a word, when the X server dies.
+void install();
+// Writes "Application will terminate." unless it has been written.
+void say();
+
+} // namespace Farewell

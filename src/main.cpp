@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "AppDelegate.h"
+#include "AppRuntime.h"
+#include "Backends.h"
+#include "TerminationSignals.h"
+
+#include <QApplication>
+#include <QTimer>
+
+int main(int argc, char **argv)
+{
+    QApplication::setApplicationName(AppRuntime::appName);
+    QApplication::setApplicationVersion(QStringLiteral(WRENFOLD_VERSION));
+    QApplication::setDesktopFileName(AppRuntime::bundleIdentifier);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication application(argc, argv);
+
+    AppDelegate delegate(makeBackends());
+    const TerminationSignals terminationSignals([] { QCoreApplication::quit(); });
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, [&delegate] {
+        delegate.applicationWillTerminate();
+    });
+    QTimer::singleShot(0, &application, [&delegate] { delegate.applicationDidFinishLaunching(); });
+    return QApplication::exec();
+}

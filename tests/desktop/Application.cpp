@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "Application.h"
+
+#include "WaitUntil.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcessEnvironment>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+Application::Application(const QStringList &environment)
+{
+    auto variables = QProcessEnvironment::systemEnvironment();
+    for (const auto &entry : environment)
+        variables.insert(entry.section(u'=', 0, 0), entry.section(u'=', 1));
+    m_process.setProcessEnvironment(variables);
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.start(QStringLiteral(WRENFOLD_EXECUTABLE), QStringList());
+    m_process.waitForStarted();
+}
+
+Application::~Application()
+{
+    if (isRunning() && end(SIGTERM) == -1)
+        m_process.kill();
+    m_process.waitForFinished();
+}
+
+QStringList Application::log()
+{
+    QFile file(QDir::home().filePath(u".wrenfold/logs/wrenfold.log"_s));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+bool Application::waitForLog(const QString &text, qsizetype times, std::chrono::milliseconds limit)
+{
+    return waitUntil([&] { return log().filter(text).size() >= times; }, limit);
+}
+
+int Application::waitForExit(std::chrono::milliseconds limit)
+{
+    const bool hasEnded = waitUntil([this] { return !isRunning(); }, limit);
+    return hasEnded && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+int Application::end(int signal)
+{
+    ::kill(static_cast<pid_t>(processId()), signal);
+    return waitForExit();
+}

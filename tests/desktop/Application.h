@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+
+// Wrenfold itself, started as its user would, with the files it keeps in the private home.
+class Application final
+{
+public:
+    // Starts the program; with `environment`, lines of NAME=value that are set besides.
+    explicit Application(const QStringList &environment = {});
+    ~Application();
+
+    // Every line of the log so far, of all launches.
+    [[nodiscard]] static QStringList log();
+    // Waits until the log has a line that contains the text, `times` times.
+    [[nodiscard]] static bool
+    waitForLog(const QString &text,
+               qsizetype times = 1,
+               std::chrono::milliseconds limit = std::chrono::seconds(10));
+
+    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
+    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    // Waits for the end; returns the exit status, -1 when it crashed or does not end.
+    [[nodiscard]] int waitForExit(std::chrono::milliseconds limit = std::chrono::seconds(10));
+    // Sends a signal and waits for the end.
+    [[nodiscard]] int end(int signal);
+
+private:
+    QProcess m_process;
+};

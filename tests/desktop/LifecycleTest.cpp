@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "Application.h"
+#include "Process.h"
+#include "ScriptedServices.h"
+#include "WaitUntil.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+void pressHotkey()
+{
+    ASSERT_EQ(runProcess(u"xdotool"_s, {u"key"_s, u"super+shift+space"_s}).exitCode, 0);
+}
+
+QStringList recordings()
+{
+    return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).entryList({u"wrenfold-*.wav"_s});
+}
+
+const QString farewell = u"Application will terminate."_s;
+
+} // namespace
+
+TEST(Lifecycle, LaunchLogsItsStepsInOrder)
+{
+    const Application application;
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    const QStringList steps {
+        u"[INFO] [pid=%1] Launch started. app=Wrenfold bundleID=local.wrenfold "
+        "config=~/.wrenfold/config.json log=~/.wrenfold/logs/wrenfold.log"_s,
+        u"Single instance lock acquired. path="_s,
+        u"Status menu icon loaded."_s,
+        u"Loading config."_s,
+        u"Config loaded. createdTemplate=true doubaoKeySet=false deepSeekKeySet=false"_s,
+        u"Registering hotkey. displayName=⌘⇧Space modifierOnly=false"_s,
+        u"Hotkey registered. displayName=⌘⇧Space"_s,
+        u"Launch finished."_s,
+    };
+    const auto log = Application::log();
+    ASSERT_GE(log.size(), steps.size());
+    for (qsizetype i = 0; i < steps.size(); ++i)
+        EXPECT_TRUE(log[i].contains(QString(steps[i]).replace(
+            u"%1"_s, QString::number(application.processId()))))
+            << qPrintable(log[i]);
+}
+
+TEST(Lifecycle, OneOfTwentyLaunchedAtOnceStaysAndTheOthersHandOver)
+{
+    std::vector<std::unique_ptr<Application>> applications;
+    for (int i = 0; i < 20; ++i)
+        applications.push_back(std::make_unique<Application>());
+    const auto running = [&] {
+        return std::ranges::count_if(applications, [](const auto &one) { return one->isRunning(); });
+    };
+    ASSERT_TRUE(waitUntil([&] { return running() == 1; }, 60s));
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    for (const auto &application : applications)
+        if (!application->isRunning())
+            EXPECT_EQ(application->waitForExit(), 0);
+    EXPECT_EQ(Application::log().filter(u"lock acquired"_s).size(), 1);
+    EXPECT_EQ(Application::log().filter(u"Duplicate launch detected."_s).size(), 19);
+    EXPECT_EQ(Application::log().filter(farewell).size(), 19);
+}
+
+TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
+{
+    Application first;
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    Application second;
+    EXPECT_EQ(second.waitForExit(), 0);
+    EXPECT_TRUE(Application::waitForLog(
+        u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
+            first.processId())));
+    EXPECT_TRUE(first.isRunning());
+}
+
+TEST(Lifecycle, EverySignalEndsItWithItsFarewell)
+{
+    int times = 0;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        Application application;
+        ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s, times + 1));
+        EXPECT_EQ(application.end(signal), 0);
+        EXPECT_EQ(Application::log().filter(farewell).size(), ++times);
+    }
+}
+
+TEST(Lifecycle, QuittingInTheMiddleOfARecordingIsPromptAndLeavesNoFile)
+{
+    Application application;
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    pressHotkey();
+    ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+    EXPECT_EQ(recordings().size(), 1);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(application.end(SIGTERM), 0);
+    EXPECT_LT(timer.elapsed(), 2000);
+    EXPECT_TRUE(recordings().isEmpty());
+}
+
+TEST(Lifecycle, QuittingInTheMiddleOfARequestIsPromptAndLeavesNoFile)
+{
+    ScriptedServices services({u"--recognition-delay"_s, u"30000"_s});
+    services.configure();
+    Application application;
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    pressHotkey();
+    ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+    pressHotkey();
+    ASSERT_TRUE(Application::waitForLog(u"ASR started."_s));
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(application.end(SIGTERM), 0);
+    EXPECT_LT(timer.elapsed(), 2000);
+    EXPECT_TRUE(Application::log().last().contains(farewell)
+                || Application::log().filter(farewell).size() == 1);
+    EXPECT_TRUE(recordings().isEmpty());
+}
+
+TEST(Lifecycle, LeftoversOfACrashAreSweptAtTheNextLaunch)
+{
+    {
+        Application application;
+        ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+        pressHotkey();
+        ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+        EXPECT_EQ(application.end(SIGKILL), -1);
+    }
+    EXPECT_EQ(recordings().size(), 1);
+    const Application next;
+    EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
+}
+
+TEST(Lifecycle, TheLineIsLoggedWhenTheXServerDies)
+{
+    Application application;
+    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    const auto server = qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_X_PID");
+    ASSERT_GT(server, 0);
+    ::kill(server, SIGKILL);
+    EXPECT_TRUE(waitUntil([&] { return !application.isRunning(); }));
+    EXPECT_TRUE(Application::log().last().contains(farewell));
+}
