@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "BackgroundTasks.h"
+#include "DataTest.h"
+#include "FakeSystemLog.h"
+#include "HushwireError.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <csignal>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto logFile = u".wrenfold/logs/wrenfold.log"_s;
+const auto oldFile = u".wrenfold/logs/wrenfold.old.log"_s;
+
+class AppLoggerTest : public DataTest
+{
+protected:
+    // What stands behind the process id in each line.
+    [[nodiscard]] QList<QByteArray> messages() const
+    {
+        auto lines = logLines();
+        for (auto &line : lines)
+            line = line.sliced(line.indexOf("] ", line.indexOf("[pid=")) + 2);
+        return lines;
+    }
+};
+
+// The folders that were opened instead of by the desktop.
+class FakeFileManager final : public QObject
+{
+    Q_OBJECT
+public:
+    FakeFileManager() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
+    ~FakeFileManager() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+
+    QList<QUrl> opened;
+
+public slots:
+    void open(const QUrl &url) { opened.append(url); }
+};
+
+} // namespace
+
+TEST_F(AppLoggerTest, WritesALineAnEventWithTimeLevelAndProcess)
+{
+    const auto before = QDateTime::currentDateTimeUtc();
+    AppLogger::info(u"Hello %1 世界. a=true"_s);
+    AppLogger::warning(u"two\nlines"_s);
+    AppLogger::error(u"Config load failed."_s);
+    AppLogger::error(u"Config load failed."_s,
+                     std::make_exception_ptr(HushwireError::configMissing(u"坏"_s)));
+    const auto lines = logLines();
+    const auto pid = "[pid=" + QByteArray::number(QCoreApplication::applicationPid()) + "] ";
+    const QByteArray expected[] = {"[INFO] " + pid + "Hello %1 世界. a=true",
+                                   "[WARN] " + pid + "two",
+                                   {},
+                                   "[ERROR] " + pid + "Config load failed.",
+                                   "[ERROR] " + pid + "Config load failed. error=坏"};
+    ASSERT_EQ(lines.size(), 5);
+    for (qsizetype i = 0; i < 5; ++i) {
+        if (i == 2)
+            continue;
+        EXPECT_EQ(lines.at(i).sliced(25), expected[i]);
+        const auto time = QDateTime::fromString(QString::fromLatin1(lines.at(i).first(24)),
+                                                u"yyyy-MM-dd'T'HH:mm:ss.zzzt"_s);
+        EXPECT_TRUE(time >= before && time <= QDateTime::currentDateTimeUtc())
+            << lines.at(i).data();
+    }
+    EXPECT_EQ(lines.at(2), "lines");
+    EXPECT_EQ(modeOf(m_home.path(logFile)), 0600U);
+    EXPECT_EQ(modeOf(m_directory), 0700U);
+    EXPECT_EQ(modeOf(m_directory + u"/logs"_s), 0700U);
+    EXPECT_EQ(AppLogger::logPathDisplay(), u"~/.wrenfold/logs/wrenfold.log"_s);
+    EXPECT_EQ(AppLogger::logFileURL().toLocalFile(), m_home.path(logFile));
+}
+
+TEST_F(AppLoggerTest, LinesOfSeveralThreadsStayWholeAndInOrderPerThread)
+{
+    BackgroundTasks tasks;
+    for (int thread = 0; thread < 4; ++thread)
+        tasks.start([thread] {
+            for (int i = 0; i < 100; ++i)
+                AppLogger::info(u"%1 %2"_s.arg(thread).arg(i));
+        });
+    tasks.waitForDone();
+    QMap<QByteArray, int> next;
+    for (const auto &line : logLines()) {
+        const auto words = line.split(' ');
+        ASSERT_EQ(words.size(), 5) << line.data();
+        EXPECT_EQ(words.at(4).toInt(), next[words.at(3)]++);
+    }
+    EXPECT_EQ(next.values(), QList<int>(4, 100));
+}
+
+TEST_F(AppLoggerTest, RotatesAFullFileBeforeALineIsAdded)
+{
+    m_home.write(oldFile, "older");
+    m_home.write(logFile, QByteArray(999'998, 'x') + '\n');
+    for (const auto &path : {logFile, oldFile})
+        ::chmod(qPrintable(m_home.path(path)), 0644);
+    AppLogger::info(u"first"_s);
+    AppLogger::drain();
+    EXPECT_EQ(m_home.read(oldFile), "older");
+    const auto full = m_home.read(logFile);
+    EXPECT_GT(full.size(), 1'000'000);
+    AppLogger::info(u"second"_s);
+    EXPECT_TRUE(logLines().value(0).endsWith(" second"));
+    EXPECT_EQ(logLines().size(), 1);
+    EXPECT_EQ(m_home.read(oldFile), full);
+    for (const auto &path : {logFile, oldFile})
+        EXPECT_EQ(modeOf(m_home.path(path)), 0600U) << path.toStdString();
+    // When the older generation cannot be replaced, the file simply grows.
+    QFile::remove(m_home.path(oldFile));
+    QDir().mkpath(m_home.path(oldFile));
+    m_home.write(logFile, full);
+    AppLogger::info(u"third"_s);
+    EXPECT_TRUE(logLines().last().endsWith(" third"));
+    EXPECT_GT(m_home.read(logFile).size(), full.size());
+}
+
+TEST_F(AppLoggerTest, TwoLaunchesMayLogAtOnceAndRotateOnce)
+{
+    m_home.write(logFile, QByteArray(995'000, 'x') + '\n');
+    QProcess processes[2];
+    for (int i = 0; i < 2; ++i)
+        startChild(processes[i], {u"log"_s, QString::number(i), u"300"_s});
+    for (auto &process : processes) {
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().data();
+    }
+    auto lines = m_home.read(oldFile).split('\n') + m_home.read(logFile).split('\n');
+    EXPECT_EQ(lines.removeAll(QByteArray()), 2);
+    EXPECT_EQ(lines.takeFirst(), QByteArray(995'000, 'x'));
+    QMap<QByteArray, int> counts;
+    for (const auto &line : std::as_const(lines)) {
+        const auto words = line.split(' ');
+        ASSERT_EQ(words.size(), 6) << line.data();
+        EXPECT_EQ(words.at(5), QByteArray(100, '.'));
+        ++counts[words.at(3)];
+    }
+    EXPECT_EQ(counts.values(), QList<int>(2, 300));
+    EXPECT_GT(m_home.read(logFile).size(), 0);
+}
+
+TEST_F(AppLoggerTest, AnUncaughtExceptionIsTheLastLineBeforeTheProcessDies)
+{
+    const std::pair<QString, QByteArray> cases[] = {
+        {u"exception"_s, "Uncaught exception: std::runtime_error reason=boom"},
+        {u"thread"_s, "Uncaught exception: std::out_of_range reason=range"},
+        {u"number"_s, "Uncaught exception: int reason=no reason"},
+        {u"terminate"_s, "Uncaught exception: none reason=no reason"},
+    };
+    for (const auto &[kind, message] : cases) {
+        QProcess process;
+        startChild(process, {u"crash"_s, kind});
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+        EXPECT_EQ(process.exitCode(), SIGABRT);
+        EXPECT_EQ(messages().last(), message);
+        EXPECT_TRUE(logLines().last().contains(" [ERROR] "));
+    }
+    EXPECT_EQ(messages().count("before"), 4);
+}
+
+TEST_F(AppLoggerTest, LinesLoggedWhileTheProcessEndsAndInAForkedChildArrive)
+{
+    QProcess process;
+    startChild(process, {u"exit"_s});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().data();
+    auto arrived = messages();
+    EXPECT_EQ(arrived.last(), "late");
+    std::ranges::sort(arrived);
+    EXPECT_EQ(arrived, (QList<QByteArray>{"child", "late", "late", "parent"}));
+}
+
+TEST_F(AppLoggerTest, EachLineThatCannotBeWrittenIsOneLineInTheSystemLog)
+{
+    m_home.write(u".wrenfold/logs"_s, "in the way");
+    AppLogger::info(u"lost"_s);
+    AppLogger::info(u"lost too"_s);
+    AppLogger::drain();
+    EXPECT_EQ(
+        FakeSystemLog::takeLines(),
+        QStringList(2,
+                    u"Wrenfold: Wrenfold log write failed: Cannot create the directory %1/logs: "
+                    "File exists."_s.arg(m_directory)));
+    EXPECT_EQ(m_home.read(u".wrenfold/logs"_s), "in the way");
+}
+
+TEST_F(AppLoggerTest, ALinkInTheFilesPlaceIsNotFollowed)
+{
+    m_home.write(u"victim"_s, "victim");
+    QDir().mkpath(m_directory + u"/logs"_s);
+    QFile::link(m_home.path(u"victim"_s), m_home.path(logFile));
+    AppLogger::info(u"lost"_s);
+    AppLogger::drain();
+    EXPECT_EQ(FakeSystemLog::takeLines().size(), 1);
+    EXPECT_EQ(m_home.read(u"victim"_s), "victim");
+}
+
+TEST_F(AppLoggerTest, OpensItsFolderOncePrepared)
+{
+    FakeFileManager fileManager;
+    AppLogger::openLogFolder();
+    EXPECT_EQ(fileManager.opened, QList{AppLogger::logDirectoryURL()});
+    EXPECT_EQ(messages(), QList<QByteArray>{"Open log folder requested."});
+    QDir(m_directory).removeRecursively();
+    AppLogger::openLogFolder();
+    EXPECT_TRUE(QFile::exists(m_home.path(logFile)));
+    AppLogger::drain();
+    QDir(m_directory + u"/logs"_s).removeRecursively();
+    m_home.write(u".wrenfold/logs"_s, "in the way");
+    AppLogger::openLogFolder();
+    AppLogger::drain();
+    EXPECT_EQ(fileManager.opened.size(), 2);
+    EXPECT_EQ(FakeSystemLog::takeLines().size(), 2);
+}
+
+#include "AppLoggerTest.moc"

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "PromptLibrary.h"
+
+#include <QCryptographicHash>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(PromptLibrary, TheBuiltInPromptsAreExact)
+{
+    struct Case
+    {
+        PromptDefinition prompt;
+        QString id;
+        QString name;
+        QByteArray textSha256;
+    };
+    const Case cases[] = {
+        {PromptLibrary::cleanPrompt(),
+         u"builtin.clean"_s,
+         u"日常整理"_s,
+         "3901d913d5e152dfc6400457c530f7ccf34585d4b8ec1a4127ab355425ac7218"},
+        {PromptLibrary::scriptPrompt(),
+         u"builtin.script"_s,
+         u"口播文案"_s,
+         "8c60e35013143a7e8d07a27a03322788b8240a0b75e15b93d9d2fdacecd69e9a"},
+        {PromptLibrary::structuredPrompt(),
+         u"builtin.structured"_s,
+         u"结构化表达"_s,
+         "7777f108a461594bd8e05db761394b905423ea920fbd5ed150de28a1a16aad5d"},
+    };
+    ASSERT_EQ(PromptLibrary::builtInPrompts().size(), 3);
+    qsizetype index = 0;
+    for (const auto &[prompt, id, name, textSha256] : cases) {
+        EXPECT_EQ(PromptLibrary::builtInPrompts().at(index++), prompt);
+        EXPECT_EQ(prompt.id, id);
+        EXPECT_EQ(prompt.name, name);
+        EXPECT_EQ(
+            QCryptographicHash::hash(prompt.text.toUtf8(), QCryptographicHash::Sha256).toHex(),
+            textSha256);
+    }
+}
+
+TEST(PromptLibrary, SelectsTheFirstPromptWithExactlyThatIdElseTheFallback)
+{
+    const PromptDefinition imposter{u"builtin.clean"_s, u"x"_s, u"x"_s};
+    const PromptDefinition own{u"custom.A"_s, u"甲"_s, u"a"_s};
+    const PromptDefinition twin{u"custom.A"_s, u"乙"_s, u"b"_s};
+    const QList custom{imposter, own, twin};
+    EXPECT_EQ(PromptLibrary::allPrompts({.selectedID = {}, .customPrompts = custom}),
+              PromptLibrary::builtInPrompts() + custom);
+    const PromptDefinition fallback{u"builtin.clean"_s, u"日常整理"_s, u"fallback"_s};
+    const std::pair<QString, PromptDefinition> cases[] = {
+        {PromptSettings().selectedID, PromptLibrary::cleanPrompt()},
+        {u"builtin.script"_s, PromptLibrary::scriptPrompt()},
+        {u"builtin.structured"_s, PromptLibrary::structuredPrompt()},
+        {u"custom.A"_s, own},
+        {u"custom.deleted"_s, fallback},
+        {u"Builtin.clean"_s, fallback},
+        {u"builtin.clean "_s, fallback},
+        {u""_s, fallback},
+    };
+    for (const auto &[selectedID, expected] : cases)
+        EXPECT_EQ(PromptLibrary::selectedPrompt({selectedID, custom}, u"fallback"_s), expected)
+            << selectedID.toStdString();
+}

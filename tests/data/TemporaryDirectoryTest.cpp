@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "DataTest.h"
+#include "SingleInstanceGuard.h"
+#include "TemporaryDirectory.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class TemporaryDirectoryTest : public DataTest
+{
+protected:
+    TemporaryDirectoryTest()
+    {
+        qunsetenv("XDG_RUNTIME_DIR");
+        qputenv("TMPDIR", QFile::encodeName(directory(u"shared"_s, 01777)));
+    }
+    ~TemporaryDirectoryTest() override
+    {
+        m_savedTmpdir.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_savedTmpdir);
+    }
+
+    [[nodiscard]] QString directory(const QString &name, mode_t mode) const
+    {
+        QDir().mkpath(m_home.path(name));
+        ::chmod(qPrintable(m_home.path(name)), mode);
+        return m_home.path(name);
+    }
+
+    const QByteArray m_savedTmpdir = qgetenv("TMPDIR");
+    const QString m_ownFolder = m_home.path(u"shared/wrenfold-%1"_s.arg(::geteuid()));
+};
+
+} // namespace
+
+TEST_F(TemporaryDirectoryTest, TheRuntimeDirectoryComesFirstWhenNobodyElseCanWriteThere)
+{
+    const auto runtime = directory(u"run"_s, 0700);
+    const std::pair<QString, mode_t> cases[] = {
+        {runtime, 0700},
+        {runtime, 0755},
+        {runtime, 0770},
+        {runtime, 0707},
+        {m_home.path(u"missing"_s), 0700},
+        {u"run"_s, 0700},
+        {u""_s, 0700},
+    };
+    int used = 0;
+    for (const auto &[path, mode] : cases) {
+        ::chmod(qPrintable(runtime), mode);
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
+        const bool isSafe = path == runtime && (mode & 022) == 0;
+        used += isSafe ? 1 : 0;
+        EXPECT_EQ(temporaryDirectoryPath(), isSafe ? runtime : m_ownFolder) << path.toStdString();
+    }
+    EXPECT_EQ(used, 2);
+}
+
+TEST_F(TemporaryDirectoryTest, APrivateTmpdirIsUsedItselfAndASharedOneGetsAFolder)
+{
+    EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder);
+    EXPECT_EQ(modeOf(m_ownFolder), 0700U);
+    ::chmod(qPrintable(m_ownFolder), 0777);
+    EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder);
+    EXPECT_EQ(modeOf(m_ownFolder), 0700U);
+    const auto own = directory(u"own"_s, 0700);
+    qputenv("TMPDIR", QFile::encodeName(own) + '/');
+    EXPECT_EQ(temporaryDirectoryPath(), own);
+}
+
+TEST_F(TemporaryDirectoryTest, APlantedFolderIsRefusedAndTheGuardStopsNobody)
+{
+    QFile::link(directory(u"elsewhere"_s, 0700), m_ownFolder);
+    EXPECT_EQ(temporaryDirectoryPath(), QString());
+    SingleInstanceGuard guard(u"test"_s);
+    EXPECT_TRUE(guard.lockURL().isEmpty());
+    EXPECT_TRUE(guard.acquire());
+    EXPECT_TRUE(namesIn(m_home.path(u"elsewhere"_s)).isEmpty());
+    QFile::remove(m_ownFolder);
+    m_home.write(QDir(m_home.path()).relativeFilePath(m_ownFolder), "a file");
+    EXPECT_EQ(temporaryDirectoryPath(), QString());
+}
+
+TEST_F(TemporaryDirectoryTest, WhatBelongsToSomeoneElseIsNotUsed)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give a directory to another user";
+    const uid_t other = 12345;
+    const auto runtime = directory(u"run"_s, 0700);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
+    ASSERT_EQ(::chown(qPrintable(runtime), other, other), 0);
+    EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder);
+    ASSERT_EQ(::chown(qPrintable(m_ownFolder), other, other), 0);
+    EXPECT_EQ(temporaryDirectoryPath(), QString());
+}
