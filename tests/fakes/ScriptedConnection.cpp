@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "ScriptedConnection.h"
+
+#include "ScriptedListener.h"
+
+#include <QTcpSocket>
+
+#include <sys/socket.h>
+
+ScriptedConnection::ScriptedConnection(ScriptedListener &listener,
+                                       std::unique_ptr<QTcpSocket> socket)
+    : QObject(&listener)
+    , m_listener(listener)
+    , m_socket(std::move(socket))
+{
+    m_dripTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_dripTimer, &QTimer::timeout, this, &ScriptedConnection::drip);
+    connect(m_socket.get(), &QTcpSocket::readyRead, this, &ScriptedConnection::readMore);
+    connect(m_socket.get(), &QTcpSocket::disconnected, this, &QObject::deleteLater);
+}
+
+ScriptedConnection::~ScriptedConnection()
+{
+    m_socket->disconnect(this);
+}
+
+void ScriptedConnection::readMore()
+{
+    m_received += m_socket->readAll();
+    if (m_bodySize < 0 && !takeHead())
+        return;
+    if (m_received.size() >= m_bodySize)
+        completeRequest();
+}
+
+bool ScriptedConnection::takeHead()
+{
+    const auto end = m_received.indexOf("\r\n\r\n");
+    if (end < 0)
+        return false;
+    m_request.head = m_received.first(end + 4);
+    m_received.remove(0, end + 4);
+    m_bodySize = m_request.header("Content-Length").value_or("0").toLongLong();
+    m_received.reserve(m_bodySize);
+    if (m_request.header("Expect"))
+        sendPart("HTTP/1.1 100 Continue\r\n\r\n");
+    return true;
+}
+
+void ScriptedConnection::completeRequest()
+{
+    m_request.receivedAt = RecordedRequest::Clock::now();
+    const auto rest = m_received.sliced(m_bodySize);
+    m_received.truncate(m_bodySize);
+    m_request.body = std::exchange(m_received, rest);
+    m_bodySize = -1;
+    m_answer = m_listener.answerFor(m_request);
+    if (m_answer.delay.count() > 0)
+        QTimer::singleShot(m_answer.delay, Qt::PreciseTimer, this, &ScriptedConnection::play);
+    else
+        play();
+}
+
+void ScriptedConnection::play()
+{
+    using Manner = ScriptedAnswer::Manner;
+    switch (m_answer.manner) {
+    case Manner::Whole:
+        sendWhole();
+        break;
+    case Manner::Drip:
+        m_dripped = 0;
+        sendPart(answerHead());
+        m_dripTimer.start(m_answer.interval);
+        break;
+    case Manner::CloseBefore:
+        m_socket->disconnectFromHost();
+        break;
+    case Manner::ResetBefore:
+        reset();
+        break;
+    case Manner::CloseInTheMiddle:
+        sendPart(answerHead() + m_answer.body.first(m_answer.body.size() / 2));
+        m_socket->disconnectFromHost();
+        break;
+    case Manner::ResetInTheMiddle:
+        sendPart(answerHead() + m_answer.body.first(m_answer.body.size() / 2));
+        reset();
+        break;
+    case Manner::Silence:
+        break;
+    }
+}
+
+void ScriptedConnection::sendWhole()
+{
+    sendPart(answerHead() + m_answer.body);
+    if (m_answer.onSent)
+        m_answer.onSent();
+}
+
+void ScriptedConnection::drip()
+{
+    if (m_dripped < m_answer.body.size())
+        sendPart(m_answer.body.sliced(m_dripped++, 1));
+    else
+        m_dripTimer.stop();
+}
+
+void ScriptedConnection::sendPart(const QByteArray &bytes)
+{
+    m_socket->write(bytes);
+    m_socket->flush();
+}
+
+void ScriptedConnection::reset()
+{
+    const linger immediately{1, 0};
+    setsockopt(static_cast<int>(m_socket->socketDescriptor()),
+               SOL_SOCKET,
+               SO_LINGER,
+               &immediately,
+               sizeof immediately);
+    m_socket->abort();
+}
+
+QByteArray ScriptedConnection::answerHead() const
+{
+    auto head = "HTTP/1.1 " + QByteArray::number(m_answer.status) + " Scripted\r\n";
+    for (const auto &[name, value] : m_answer.headers)
+        head += name + ": " + value + "\r\n";
+    return head + "Content-Length: " + QByteArray::number(m_answer.body.size()) + "\r\n\r\n";
+}

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "ScriptedHttpServer.h"
+
+#include "ScriptedListener.h"
+
+using namespace Qt::StringLiterals;
+
+QByteArray RecordedRequest::method() const
+{
+    return head.first(head.indexOf(' '));
+}
+
+QByteArray RecordedRequest::target() const
+{
+    return head.split(' ').value(1);
+}
+
+QList<std::pair<QByteArray, QByteArray>> RecordedRequest::headers() const
+{
+    QList<std::pair<QByteArray, QByteArray>> result;
+    const auto lines = head.split('\n').sliced(1);
+    for (const auto &line : lines)
+        if (const auto colon = line.indexOf(':'); colon > 0)
+            result.emplace_back(line.first(colon), line.sliced(colon + 1).trimmed());
+    return result;
+}
+
+std::optional<QByteArray> RecordedRequest::header(const QByteArray &name) const
+{
+    const auto all = headers();
+    for (const auto &[known, value] : all)
+        if (known.compare(name, Qt::CaseInsensitive) == 0)
+            return value;
+    return {};
+}
+
+ScriptedHttpServer::ScriptedHttpServer(Script script, const std::optional<QSslConfiguration> &tls)
+    : m_listener(std::make_unique<ScriptedListener>(std::move(script), tls))
+{
+    if (!m_listener->listen(QHostAddress::LocalHost))
+        qFatal("cannot listen on loopback");
+    // A listener that has moved goes on listening there, and is deleted there.
+    m_listener->moveToThread(&m_thread);
+    m_thread.start();
+}
+
+ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer,
+                                       const std::optional<QSslConfiguration> &tls)
+    : ScriptedHttpServer([answer](const RecordedRequest &) { return answer; }, tls)
+{}
+
+ScriptedHttpServer::~ScriptedHttpServer()
+{
+    m_listener.release()->deleteLater();
+    m_thread.quit();
+    m_thread.wait();
+}
+
+quint16 ScriptedHttpServer::port() const
+{
+    return m_listener->serverPort();
+}
+
+QUrl ScriptedHttpServer::url(const QString &path, const QString &host) const
+{
+    QUrl url;
+    url.setScheme(m_listener->isTls() ? u"https"_s : u"http"_s);
+    url.setHost(host.isEmpty() ? u"127.0.0.1"_s : host);
+    url.setPort(port());
+    url.setPath(path);
+    return url;
+}
+
+std::vector<RecordedRequest> ScriptedHttpServer::requests() const
+{
+    return m_listener->requests();
+}
+
+int ScriptedHttpServer::connections() const
+{
+    return m_listener->connections();
+}
+
+int ScriptedHttpServer::handshakes() const
+{
+    return m_listener->handshakes();
+}
