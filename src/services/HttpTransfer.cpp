@@ -14,12 +14,16 @@ HttpError timedOut()
     return {HttpError::Kind::TimedOut, u"The request timed out."_s};
 }
 
-// An answer with an error status is an answer; what breaks the exchange itself is a failure.
+// An answer with an error status is an answer; what breaks the exchange itself is a failure. That
+// the body cannot be sent again, as these two statuses ask for, is none.
 bool isFailure(QNetworkReply::NetworkError error, int status)
 {
+    if (error == QNetworkReply::ContentReSendError)
+        return status != 307 && status != 308;
+    if (error == QNetworkReply::ProxyAuthenticationRequiredError)
+        return status != 407;
     return error != QNetworkReply::NoError
         && (status < 400 || error < QNetworkReply::ContentAccessDenied
-            || error == QNetworkReply::ContentReSendError
             || error == QNetworkReply::ProtocolFailure);
 }
 

@@ -20,6 +20,7 @@ new_certs_dir = .
 certificate = %1.pem
 private_key = %1.key
 rand_serial = yes
+unique_subject = no
 default_md = sha256
 policy = any
 [any]

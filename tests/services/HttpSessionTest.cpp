@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "HttpSession.h"
+#include "Outcome.h"
+#include "ScriptedHttpServer.h"
+#include "TestCertificates.h"
+#include "WaitUntil.h"
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+
+#include <future>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Flaw = TestCertificates::Flaw;
+using Manner = ScriptedAnswer::Manner;
+
+const TestCertificates &certificates()
+{
+    static const TestCertificates made;
+    return made;
+}
+
+HttpRequest requestTo(const QUrl &url, const QByteArray &body = "{}")
+{
+    return {url, {{"Content-Type", "application/json"}}, [body] {
+                return std::make_unique<BytesBody>(body);
+            }};
+}
+
+// "= status body", or the kind of the error.
+QString sent(HttpSession &session, const HttpRequest &request)
+{
+    return outcome([&session, &request] {
+        const auto response = session.send(request);
+        return QString::number(response.status) + u' '
+            + QString::fromUtf8(response.body.first(std::min<qsizetype>(response.body.size(), 40)));
+    });
+}
+
+QUrl closedPort()
+{
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return QUrl(u"http://127.0.0.1:%1/"_s.arg(server.serverPort()));
+}
+
+// Sets a variable of the environment for one test.
+class ScopedVariable final
+{
+public:
+    ScopedVariable(const char *name, const QByteArray &value)
+        : m_name(name)
+    {
+        qputenv(name, value);
+    }
+    ~ScopedVariable() { qunsetenv(m_name); }
+    ScopedVariable(const ScopedVariable &) = delete;
+    ScopedVariable &operator=(const ScopedVariable &) = delete;
+
+private:
+    const char *m_name;
+};
+
+struct BrokenCase
+{
+    const char *name;
+    Manner manner;
+    const char *expected;
+};
+
+using BrokenParameters = std::tuple<BrokenCase, bool, int>;
+
+std::string nameOf(const testing::TestParamInfo<BrokenParameters> &parameters)
+{
+    const auto &[broken, isEncrypted, size] = parameters.param;
+    return broken.name + std::string(isEncrypted ? "Tls" : "Plain") + std::to_string(size);
+}
+
+class BrokenExchange : public testing::TestWithParam<BrokenParameters>
+{};
+
+} // namespace
+
+TEST_P(BrokenExchange, FailsClearlyAfterExactlyOneRequest)
+{
+    const auto &[broken, isEncrypted, bodySize] = GetParam();
+    const ScriptedAnswer answer{.body = "half of this", .manner = broken.manner};
+    const ScriptedHttpServer server(
+        answer, isEncrypted ? std::optional(certificates().server()) : std::nullopt);
+    HttpSession session(certificates().client());
+    auto request = requestTo(server.url(), QByteArray(bodySize, 'x'));
+    request.inactivityLimit = 400ms;
+    EXPECT_EQ(sent(session, request), QString::fromLatin1(broken.expected));
+    EXPECT_EQ(server.requests().size(), 1);
+    EXPECT_EQ(server.connections(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Services,
+    BrokenExchange,
+    testing::Combine(testing::Values(BrokenCase{"CloseBefore", Manner::CloseBefore, "network"},
+                                     BrokenCase{"ResetBefore", Manner::ResetBefore, "network"},
+                                     BrokenCase{"CloseMid", Manner::CloseInTheMiddle, "network"},
+                                     BrokenCase{"ResetMid", Manner::ResetInTheMiddle, "network"},
+                                     BrokenCase{"Silence", Manner::Silence, "timedOut"}),
+                     testing::Bool(),
+                     testing::Values(2, 300'000)),
+    nameOf);
+
+TEST(HttpSession, ReportsServersThatCannotBeReached)
+{
+    HttpSession session;
+    EXPECT_EQ(sent(session, requestTo(closedPort())), u"network"_s);
+    EXPECT_EQ(sent(session, requestTo(QUrl(u"http://nowhere.invalid/"_s))), u"network"_s);
+    EXPECT_EQ(sent(session, requestTo(QUrl(u"https://nowhere.invalid/"_s))), u"network"_s);
+}
+
+TEST(HttpSession, VerifiesCertificates)
+{
+    for (const auto &[flaw, expected] : {std::pair(Flaw::None, u"= 200 "_s),
+                                         std::pair(Flaw::Untrusted, u"tls"_s),
+                                         std::pair(Flaw::Expired, u"tls"_s),
+                                         std::pair(Flaw::WrongHost, u"tls"_s)}) {
+        const ScriptedHttpServer server(ScriptedAnswer{}, certificates().server(flaw));
+        HttpSession session(certificates().client());
+        EXPECT_EQ(sent(session, requestTo(server.url())), expected);
+        EXPECT_EQ(server.requests().size(), flaw == Flaw::None ? 1 : 0);
+    }
+    // Without a configuration of its own a session trusts the system's authorities only.
+    const ScriptedHttpServer server(ScriptedAnswer{}, certificates().server());
+    HttpSession session;
+    EXPECT_EQ(sent(session, requestTo(server.url())), u"tls"_s);
+}
+
+TEST(HttpSession, HandsOutEveryStatusAndFollowsNothing)
+{
+    for (const int status :
+         {200, 201, 204, 301, 302, 307, 308, 400, 401, 402, 404, 407, 429, 500, 503}) {
+        const ScriptedHttpServer server(ScriptedAnswer{
+            .status = status,
+            .body = status == 204 ? "" : "whole text",
+            .headers = {{"Location", "/elsewhere"}, {"WWW-Authenticate", "Basic realm=\"x\""}}});
+        HttpSession session;
+        const auto expected = u"= %1 "_s.arg(status) + (status == 204 ? u""_s : u"whole text"_s);
+        EXPECT_EQ(sent(session, requestTo(server.url())), expected);
+        EXPECT_EQ(server.requests().size(), 1) << status;
+    }
+}
+
+TEST(HttpSession, SendsOurHeadersInOrderAndKeepsNoState)
+{
+    const ScriptedHttpServer server(ScriptedAnswer{
+        .body = "{}",
+        .headers = {{"Set-Cookie", "a=b"}, {"Cache-Control", "max-age=999"}, {"X-Two", "2"}}});
+    HttpSession session;
+    auto request = requestTo(server.url(u"/path"_s), "body");
+    request.headers = {{"Content-Type", "application/json"}, {"X-b", "1"}, {"X-a", "2"}};
+    EXPECT_EQ(session.send(request).header("x-tWO"), "2");
+    EXPECT_EQ(session.send(request).header("X-Three"), std::nullopt);
+    ASSERT_EQ(server.requests().size(), 2);
+    EXPECT_EQ(server.connections(), 1);
+    for (const auto &received : server.requests()) {
+        QByteArrayList names;
+        for (const auto &[name, value] : received.headers())
+            names.append(name);
+        EXPECT_EQ(names.join(' '),
+                  "Host Content-Type X-b X-a Accept-Encoding Accept-Language User-Agent "
+                  "Content-Length Connection");
+        EXPECT_TRUE(received.head.startsWith("POST /path HTTP/1.1\r\n"));
+        EXPECT_EQ(received.body, "body");
+    }
+}
+
+TEST(HttpSession, RefusesHeadersThatCannotBeWritten)
+{
+    const ScriptedHttpServer server(ScriptedAnswer{});
+    HttpSession session;
+    for (const QByteArray value : {"a\r\nX-Injected: b", "a\nb", "a\rb", "k\xc3\xa9y", "a\tb"}) {
+        auto request = requestTo(server.url());
+        request.headers = {{"X-Key", value}};
+        EXPECT_EQ(sent(session, request), u"invalidRequest"_s);
+    }
+    EXPECT_EQ(server.connections(), 0);
+}
+
+TEST(HttpSession, WaitsAsLongAsSomethingMoves)
+{
+    const ScriptedHttpServer server(
+        ScriptedAnswer{.body = "ten  bytes", .manner = Manner::Drip, .interval = 100ms});
+    HttpSession session;
+    auto request = requestTo(server.url());
+    request.inactivityLimit = 500ms;
+    EXPECT_EQ(sent(session, request), u"= 200 ten  bytes"_s);
+}
+
+TEST(HttpSession, TakesALargeAnswer)
+{
+    const QByteArray body(50'000'000, 'a');
+    const ScriptedHttpServer server(ScriptedAnswer{.body = body});
+    HttpSession session;
+    EXPECT_TRUE(session.send(requestTo(server.url())).body == body);
+}
+
+TEST(HttpSession, UsesTheEnvironmentsProxyAlsoWhenOpeningAhead)
+{
+    const ScriptedHttpServer proxy(ScriptedAnswer{.body = "proxied"});
+    const auto address = proxy.url().toEncoded();
+    const ScopedVariable plain("http_proxy", address);
+    const ScopedVariable encrypted("https_proxy", address);
+    HttpSession session;
+    session.openAhead(QUrl(u"http://service.invalid/"_s));
+    ASSERT_TRUE(waitUntil([&proxy] { return proxy.connections() == 1; }));
+    EXPECT_EQ(sent(session, requestTo(QUrl(u"http://service.invalid/a"_s))), u"= 200 proxied"_s);
+    EXPECT_EQ(proxy.connections(), 1);
+    EXPECT_EQ(proxy.requests().at(0).target(), "http://service.invalid/a");
+
+    session.openAhead(QUrl(u"https://service.invalid/"_s));
+    ASSERT_TRUE(waitUntil([&proxy] { return proxy.requests().size() == 2; }));
+    EXPECT_EQ(proxy.requests().at(1).method(), "CONNECT");
+
+    const ScriptedHttpServer local(ScriptedAnswer{.body = "direct"});
+    EXPECT_EQ(sent(session, requestTo(local.url())), u"= 200 direct"_s);
+}
+
+TEST(HttpSession, OpensConnectionsAheadThatTheRequestThenUses)
+{
+    for (const bool isEncrypted : {false, true}) {
+        const ScriptedHttpServer server(
+            ScriptedAnswer{}, isEncrypted ? std::optional(certificates().server()) : std::nullopt);
+        HttpSession session(certificates().client());
+        const auto isOpen = [&] {
+            return isEncrypted ? server.handshakes() == 1 : server.connections() == 1;
+        };
+        for (int round = 0; round < 3; ++round) {
+            session.openAhead(server.url(u"/some/path"_s));
+            ASSERT_TRUE(waitUntil(isOpen));
+            EXPECT_EQ(sent(session, requestTo(server.url())), u"= 200 "_s);
+        }
+        EXPECT_EQ(server.connections(), 1);
+        EXPECT_EQ(server.requests().size(), 3);
+    }
+    HttpSession session;
+    session.openAhead(QUrl());
+    session.openAhead(QUrl(u"ftp://x/"_s));
+}
+
+TEST(HttpSession, ServesManyThreadsAtOnce)
+{
+    const ScriptedHttpServer server(
+        [](const RecordedRequest &request) { return ScriptedAnswer{.body = request.body}; });
+    HttpSession session;
+    std::vector<std::future<bool>> senders;
+    for (int sender = 0; sender < 8; ++sender)
+        senders.push_back(std::async(std::launch::async, [&session, &server, sender] {
+            const auto text = QByteArray::number(sender);
+            bool isRight = true;
+            for (int round = 0; round < 5; ++round)
+                isRight &= session.send(requestTo(server.url(), text)).body == text;
+            return isRight;
+        }));
+    for (auto &sender : senders)
+        EXPECT_TRUE(sender.get());
+}
+
+TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)
+{
+    const ScriptedHttpServer server(ScriptedAnswer{.manner = Manner::Silence});
+    HttpSession session;
+    std::vector<std::future<QString>> senders;
+    for (int sender = 0; sender < 3; ++sender)
+        senders.push_back(std::async(std::launch::async, [&session, &server] {
+            return sent(session, requestTo(server.url()));
+        }));
+    ASSERT_TRUE(waitUntil([&server] { return server.requests().size() == 3; }));
+    QElapsedTimer timer;
+    timer.start();
+    session.close();
+    for (auto &sender : senders)
+        EXPECT_EQ(sender.get(), u"cancelled"_s);
+    EXPECT_LT(timer.elapsed(), 500);
+    EXPECT_EQ(sent(session, requestTo(server.url())), u"closed"_s);
+    session.openAhead(server.url());
+}
