@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <tuple>
 #include <vector>
 
 // A main queue whose clock only the test turns: nothing runs but inside runReady(), advance() and
@@ -75,15 +76,15 @@ public:
         });
     }
 
-    // Runs what workers make due until the condition holds; false when work stays away too long.
+    // Runs what workers make due until the condition holds; false at the limit, in real time.
     [[nodiscard]] bool runUntil(const std::function<bool()> &condition,
                                 Duration limit = std::chrono::seconds(10))
     {
-        runReady();
-        while (!condition()) {
-            if (!waitForWork(limit))
+        const auto deadline = std::chrono::steady_clock::now() + limit;
+        for (runReady(); !condition(); runReady()) {
+            if (std::chrono::steady_clock::now() > deadline)
                 return false;
-            runReady();
+            std::ignore = waitForWork(Duration(5));
         }
         return true;
     }

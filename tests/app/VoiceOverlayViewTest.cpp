@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "VirtualMainQueue.h"
+#include "VoiceOverlayView.h"
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class VoiceOverlayViewTest : public testing::Test
+{
+protected:
+    QImage draw()
+    {
+        QImage image(m_view.size(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        m_view.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    }
+
+    QImage drawAtLevel(qreal level)
+    {
+        m_view.updateLevel(level);
+        return draw();
+    }
+
+    VirtualMainQueue m_queue;
+    VoiceOverlayView m_view{m_queue};
+};
+
+struct Probe
+{
+    VoiceOverlayMode mode;
+    int ticks; // of the animation
+    QPoint point;
+    int grey; // 0 to 255
+    int alpha;
+};
+
+} // namespace
+
+TEST_F(VoiceOverlayViewTest, drawsItsShapesInTheirPlacesAndGreys)
+{
+    const auto recording = VoiceOverlayMode::recording(u"麦"_s);
+    const auto typing = VoiceOverlayMode::typing(u"正在识别"_s);
+    const auto status = VoiceOverlayMode::status(u"已取消"_s);
+    const Probe probes[] = {
+        {recording, 0, {1, 1}, 0, 0}, // nothing
+        {recording, 0, {36, 20}, 18, 246}, // caption
+        {recording, 0, {120, 6}, 38, 247}, // its outline
+        {recording, 0, {59, 53}, 5, 243}, // pill
+        {recording, 0, {69, 51}, 41, 255}, // microphone badge
+        {recording, 0, {77, 50}, 213, 255}, // the microphone itself
+        {recording, 0, {155, 50}, 237, 255}, // check badge
+        {recording, 0, {120, 72}, 0, 14}, // shadow
+        {typing, 0, {72, 41}, 10, 240}, // pill
+        {typing, 12, {125, 28}, 44, 250}, // highlight
+        {typing, 12, {112, 28}, 10, 240}, // beside it
+        {typing, 24, {125, 28}, 10, 240}, // it has left, and comes again:
+        {typing, 36, {125, 28}, 44, 250},
+        {status, 12, {125, 28}, 10, 240}, // pill without a highlight
+        {status, 0, {60, 41}, 0, 0},
+    };
+    m_view.startAnimating();
+    for (const auto &probe : probes) {
+        m_view.setMode(probe.mode);
+        m_queue.advance(probe.ticks * 33ms);
+        const auto color = draw().pixelColor(probe.point);
+        const auto where = probe.point.x() * 1000 + probe.point.y();
+        EXPECT_NEAR(color.red(), probe.grey, 4) << where << " after " << probe.ticks;
+        EXPECT_NEAR(color.alpha(), probe.alpha, 4) << where << " after " << probe.ticks;
+        EXPECT_EQ(color.red(), color.blue());
+    }
+}
+
+TEST_F(VoiceOverlayViewTest, holdsTheLevelInItsRange)
+{
+    const auto first = draw();
+    EXPECT_EQ(drawAtLevel(0.32), first);
+    const auto lowest = drawAtLevel(0.12);
+    const auto highest = drawAtLevel(1);
+    EXPECT_EQ(drawAtLevel(-3), lowest);
+    EXPECT_EQ(drawAtLevel(7), highest);
+    // The middle bar: 18 * (0.22 + level * amplitude of the first frame).
+    EXPECT_LT(lowest.pixelColor(123, 48).red(), 60);
+    EXPECT_GT(first.pixelColor(123, 50).red(), 200);
+    EXPECT_GT(highest.pixelColor(123, 46).red(), 200);
+}
+
+TEST_F(VoiceOverlayViewTest, movesOnlyWhileAnimating)
+{
+    const auto first = draw();
+    m_view.startAnimating();
+    m_queue.advance(100ms);
+    const auto moved = draw();
+    EXPECT_NE(moved, first);
+    m_view.stopAnimating();
+    m_queue.advance(1s);
+    EXPECT_EQ(draw(), moved);
+    m_view.setMode(m_view.mode());
+    EXPECT_EQ(draw(), first);
+}
+
+TEST_F(VoiceOverlayViewTest, keepsTheBeginningOfALongCaption)
+{
+    const auto beginning = QRect(20, 6, 140, 28);
+    m_view.setMode(VoiceOverlayMode::recording(QString(60, u'口')));
+    const auto image = draw();
+    m_view.setMode(VoiceOverlayMode::recording(QString(400, u'口')));
+    EXPECT_EQ(draw(), image);
+    m_view.setMode(VoiceOverlayMode::recording(QString(9, u'口') + QString(60, u'二')));
+    EXPECT_EQ(draw().copy(beginning), image.copy(beginning));
+    m_view.setMode(VoiceOverlayMode::recording({}));
+    EXPECT_EQ(draw().copy(210, 0, 30, 76), image.copy(210, 0, 30, 76)) << "beside the caption";
+}
+
+TEST_F(VoiceOverlayViewTest, itsMaskIsWhatTheModeDraws)
+{
+    for (const auto &mode :
+         {VoiceOverlayMode::recording(u"麦"_s), VoiceOverlayMode::status(u"好"_s)}) {
+        m_view.setMode(mode);
+        const auto image = draw();
+        const auto region = m_view.shapeRegion();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const int alpha = image.pixelColor(x, y).alpha();
+                const bool isEdge = alpha >= 60 && alpha <= 230;
+                EXPECT_TRUE(isEdge || region.contains(QPoint(x, y)) == (alpha > 230))
+                    << x << ' ' << y;
+            }
+        }
+    }
+}
