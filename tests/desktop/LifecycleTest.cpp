@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "Application.h"
 #include "Process.h"
 #include "ScriptedServices.h"
 #include "WaitUntil.h"
+#include "WrenfoldApplication.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -33,8 +33,8 @@ const QString farewell = u"Application will terminate."_s;
 
 TEST(Lifecycle, LaunchLogsItsStepsInOrder)
 {
-    const Application application;
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    const WrenfoldApplication application;
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
     const QStringList steps{
         u"[INFO] [pid=%1] Launch started. app=Wrenfold bundleID=local.wrenfold "
         "config=~/.wrenfold/config.json log=~/.wrenfold/logs/wrenfold.log"_s,
@@ -46,7 +46,7 @@ TEST(Lifecycle, LaunchLogsItsStepsInOrder)
         u"Hotkey registered. displayName=⌘⇧Space"_s,
         u"Launch finished."_s,
     };
-    const auto log = Application::log();
+    const auto log = WrenfoldApplication::log();
     ASSERT_GE(log.size(), steps.size());
     for (qsizetype i = 0; i < steps.size(); ++i)
         EXPECT_TRUE(log[i].contains(
@@ -56,30 +56,30 @@ TEST(Lifecycle, LaunchLogsItsStepsInOrder)
 
 TEST(Lifecycle, OneOfTwentyLaunchedAtOnceStaysAndTheOthersHandOver)
 {
-    std::vector<std::unique_ptr<Application>> applications;
+    std::vector<std::unique_ptr<WrenfoldApplication>> applications;
     for (int i = 0; i < 20; ++i)
-        applications.push_back(std::make_unique<Application>());
+        applications.push_back(std::make_unique<WrenfoldApplication>());
     const auto running = [&] {
         return std::ranges::count_if(applications,
                                      [](const auto &one) { return one->isRunning(); });
     };
     ASSERT_TRUE(waitUntil([&] { return running() == 1; }, 60s));
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
     for (const auto &application : applications) {
         EXPECT_TRUE(application->isRunning() || application->waitForExit() == 0);
     }
-    EXPECT_EQ(Application::log().filter(u"lock acquired"_s).size(), 1);
-    EXPECT_EQ(Application::log().filter(u"Duplicate launch detected."_s).size(), 19);
-    EXPECT_EQ(Application::log().filter(farewell).size(), 19);
+    EXPECT_EQ(WrenfoldApplication::log().filter(u"lock acquired"_s).size(), 1);
+    EXPECT_EQ(WrenfoldApplication::log().filter(u"Duplicate launch detected."_s).size(), 19);
+    EXPECT_EQ(WrenfoldApplication::log().filter(farewell).size(), 19);
 }
 
 TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
 {
-    Application first;
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
-    Application second;
+    WrenfoldApplication first;
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    WrenfoldApplication second;
     EXPECT_EQ(second.waitForExit(), 0);
-    EXPECT_TRUE(Application::waitForLog(
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(
         u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
             first.processId())));
     EXPECT_TRUE(first.isRunning());
@@ -89,19 +89,19 @@ TEST(Lifecycle, EverySignalEndsItWithItsFarewell)
 {
     int times = 0;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        Application application;
-        ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s, times + 1));
+        WrenfoldApplication application;
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s, times + 1));
         EXPECT_EQ(application.end(signal), 0);
-        EXPECT_EQ(Application::log().filter(farewell).size(), ++times);
+        EXPECT_EQ(WrenfoldApplication::log().filter(farewell).size(), ++times);
     }
 }
 
 TEST(Lifecycle, QuittingInTheMiddleOfARecordingIsPromptAndLeavesNoFile)
 {
-    Application application;
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    WrenfoldApplication application;
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
     pressHotkey();
-    ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
     EXPECT_EQ(recordings().size(), 1);
     QElapsedTimer timer;
     timer.start();
@@ -114,32 +114,32 @@ TEST(Lifecycle, QuittingInTheMiddleOfARequestIsPromptAndLeavesNoFile)
 {
     ScriptedServices services({u"--recognition-delay"_s, u"30000"_s});
     services.configure();
-    Application application;
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    WrenfoldApplication application;
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
     pressHotkey();
-    ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
     pressHotkey();
-    ASSERT_TRUE(Application::waitForLog(u"ASR started."_s));
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"ASR started."_s));
     QElapsedTimer timer;
     timer.start();
     EXPECT_EQ(application.end(SIGTERM), 0);
     EXPECT_LT(timer.elapsed(), 2000);
-    EXPECT_TRUE(Application::log().last().contains(farewell)
-                || Application::log().filter(farewell).size() == 1);
+    EXPECT_TRUE(WrenfoldApplication::log().last().contains(farewell)
+                || WrenfoldApplication::log().filter(farewell).size() == 1);
     EXPECT_TRUE(recordings().isEmpty());
 }
 
 TEST(Lifecycle, LeftoversOfACrashAreSweptAtTheNextLaunch)
 {
     {
-        Application application;
-        ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+        WrenfoldApplication application;
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
         pressHotkey();
-        ASSERT_TRUE(Application::waitForLog(u"Recording started."_s));
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
         EXPECT_EQ(application.end(SIGKILL), -1);
     }
     EXPECT_EQ(recordings().size(), 1);
-    const Application next;
+    const WrenfoldApplication next;
     EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
 }
 
@@ -149,10 +149,10 @@ TEST(Lifecycle, TheLineIsLoggedWhenTheXServerDies)
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
     ASSERT_TRUE(waitUntil([&server] { return server.canReadLine(); }));
     const auto display = QString::fromLatin1(server.readLine()).trimmed();
-    const Application application({u"DISPLAY=:"_s + display});
-    ASSERT_TRUE(Application::waitForLog(u"Launch finished."_s));
+    const WrenfoldApplication application({u"DISPLAY=:"_s + display});
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
     server.kill();
     EXPECT_TRUE(waitUntil([&application] { return !application.isRunning(); }));
-    EXPECT_TRUE(Application::log().last().contains(farewell));
+    EXPECT_TRUE(WrenfoldApplication::log().last().contains(farewell));
     server.waitForFinished();
 }

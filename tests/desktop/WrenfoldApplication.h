@@ -9,12 +9,12 @@
 #include <chrono>
 
 // Wrenfold itself, started as its user would, with the files it keeps in the private home.
-class Application final
+class WrenfoldApplication final
 {
 public:
     // Starts the program; with `environment`, lines of NAME=value that are set besides.
-    explicit Application(const QStringList &environment = {});
-    ~Application();
+    explicit WrenfoldApplication(const QStringList &environment = {});
+    ~WrenfoldApplication();
 
     // Every line of the log so far, of all launches.
     [[nodiscard]] static QStringList log();

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "Application.h"
+#include "WrenfoldApplication.h"
 
 #include "WaitUntil.h"
 
@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-Application::Application(const QStringList &environment)
+WrenfoldApplication::WrenfoldApplication(const QStringList &environment)
 {
     auto variables = QProcessEnvironment::systemEnvironment();
     for (const auto &entry : environment)
@@ -23,14 +23,14 @@ Application::Application(const QStringList &environment)
     m_process.waitForStarted();
 }
 
-Application::~Application()
+WrenfoldApplication::~WrenfoldApplication()
 {
     if (isRunning() && end(SIGTERM) == -1)
         m_process.kill();
     m_process.waitForFinished();
 }
 
-QStringList Application::log()
+QStringList WrenfoldApplication::log()
 {
     QFile file(QDir::home().filePath(u".wrenfold/logs/wrenfold.log"_s));
     if (!file.open(QIODevice::ReadOnly))
@@ -38,18 +38,20 @@ QStringList Application::log()
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
-bool Application::waitForLog(const QString &text, qsizetype times, std::chrono::milliseconds limit)
+bool WrenfoldApplication::waitForLog(const QString &text,
+                                     qsizetype times,
+                                     std::chrono::milliseconds limit)
 {
     return waitUntil([&] { return log().filter(text).size() >= times; }, limit);
 }
 
-int Application::waitForExit(std::chrono::milliseconds limit)
+int WrenfoldApplication::waitForExit(std::chrono::milliseconds limit)
 {
     const bool hasEnded = waitUntil([this] { return !isRunning(); }, limit);
     return hasEnded && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 
-int Application::end(int signal)
+int WrenfoldApplication::end(int signal)
 {
     ::kill(static_cast<pid_t>(processId()), signal);
     return waitForExit();

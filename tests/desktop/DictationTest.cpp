@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "Desktop.h"
+#include "HistoryStore.h"
+#include "Process.h"
+#include "ScriptedServices.h"
+#include "WaitUntil.h"
+#include "WrenfoldApplication.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// Plays a tone into the microphone, to its end.
+void speak(double seconds)
+{
+    const auto command = u"sox -q -n -r 48000 -c 1 -b 16 -t raw - synth %1 sine 440 | "
+                         "pacat --raw --rate=48000 --channels=1 --format=s16le"_s.arg(seconds);
+    ASSERT_EQ(runProcess(u"sh"_s, {u"-c"_s, command}).exitCode, 0);
+}
+
+QStringList recordings()
+{
+    return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).entryList({u"wrenfold-*.wav"_s});
+}
+
+} // namespace
+
+class Dictation : public testing::Test
+{
+protected:
+    void launch(const QStringList &environment = {})
+    {
+        services.configure();
+        application = std::make_unique<WrenfoldApplication>(environment);
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    }
+
+    void pressHotkey() { desktop.tap({Key::leftSuper, Key::leftShift, Key::space}); }
+
+    void startRecording(qsizetype times = 1)
+    {
+        pressHotkey();
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s, times));
+    }
+
+    // Dictates once; the log then has this many timing lines.
+    void dictate(qsizetype times = 1)
+    {
+        startRecording(times);
+        pressHotkey();
+        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Processing timing."_s, times));
+        EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
+    }
+
+    static qsizetype logged(const QString &text)
+    {
+        return WrenfoldApplication::log().filter(text).size();
+    }
+
+    const QString polished = u"我们今天 ship 新版本 🚀\n下一步 review。"_s;
+
+    Desktop desktop;
+    ScriptedServices services{
+        {u"--transcript"_s, u"嗯 我们今天 ship 新版本"_s, u"--polished"_s, polished}};
+    std::unique_ptr<WrenfoldApplication> application;
+};
+
+TEST_F(Dictation, ArrivesInTheEditorThatHasTheFocus)
+{
+    launch();
+    const auto file = QDir::home().filePath(u"text.txt"_s);
+    const auto editor = desktop.start(u"mousepad"_s, {u"--disable-server"_s, file}, u"mousepad"_s);
+    startRecording();
+    speak(1.5);
+    pressHotkey();
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
+    EXPECT_TRUE(waitUntil([&] {
+        desktop.tap({Key::leftControl, Key::s});
+        QFile saved(file);
+        return waitUntil([&] { return saved.exists(); }, 500ms) && saved.open(QIODevice::ReadOnly)
+            && QString::fromUtf8(saved.readAll()).trimmed() == polished;
+    }));
+
+    EXPECT_EQ(HistoryStore().items().constFirst().polished, polished);
+    EXPECT_TRUE(desktop.keysDown().empty());
+    EXPECT_TRUE(desktop.focusedClass().contains(u"mousepad"_s, Qt::CaseInsensitive));
+    EXPECT_TRUE(waitUntil([this] { return services.requests().size() == 2; }));
+    static const QRegularExpression seconds(u"audioSeconds=(\\d+\\.\\d\\d) "_s);
+    const auto timing = WrenfoldApplication::log().filter(u"Processing timing."_s);
+    EXPECT_GE(seconds.match(timing.constFirst()).captured(1).toDouble(), 1.5);
+    const auto log = WrenfoldApplication::log().join(u'\n');
+    EXPECT_FALSE(log.contains(u"新版本"_s));
+    EXPECT_FALSE(log.contains(u"scripted-"_s));
+}
+
+TEST_F(Dictation, WorksWithoutSessionBusTrayAndCompositor)
+{
+    launch({u"DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent"_s});
+    dictate();
+    EXPECT_EQ(logged(u"Auto paste succeeded."_s), 1);
+    EXPECT_EQ(application->end(SIGTERM), 0);
+}
+
+TEST_F(Dictation, EscapeThrowsItAwayAndSendsNothing)
+{
+    launch();
+    startRecording();
+    desktop.tap({Key::escape});
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording cancelled."_s));
+    EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
+    startRecording(2);
+    pressHotkey();
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Processing timing."_s));
+    EXPECT_TRUE(waitUntil([this] { return services.requests().size() == 2; }));
+}
+
+TEST_F(Dictation, ALostSoundServerLeavesARecordingAndTheNextPressSaysSo)
+{
+    launch();
+    startRecording();
+    speak(0.5);
+    ASSERT_EQ(::kill(qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_SOUND_PID"), SIGKILL), 0);
+    pressHotkey();
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
+    pressHotkey();
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Showing error. error=录音没有启动成功。"_s));
+    EXPECT_TRUE(recordings().isEmpty());
+    pressHotkey();
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Showing error."_s, 2));
+}
+
+class DictationFailure : public Dictation, public testing::WithParamInterface<QStringList>
+{};
+
+TEST_P(DictationFailure, LeavesNothingTypedAndTheNextPressReady)
+{
+    const auto &row = GetParam();
+    services.configure();
+    ScriptedServices failing({row[0], row[1]});
+    failing.configure();
+    application = std::make_unique<WrenfoldApplication>();
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    dictate();
+    dictate(2);
+    EXPECT_EQ(logged(u"Showing processing failure. stage="_s + row[2]), 2);
+    EXPECT_EQ(logged(u"failedStage="_s + row[2]), 2);
+    EXPECT_EQ(failing.requests().size(), 2 * row[3].toInt());
+    EXPECT_TRUE(HistoryStore().items().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Stages,
+    DictationFailure,
+    testing::Values(
+        QStringList{u"--recognition-status"_s, u"503"_s, u"speechRecognition"_s, u"1"_s},
+        QStringList{u"--polishing-status"_s, u"402"_s, u"textPolishing"_s, u"2"_s}));
