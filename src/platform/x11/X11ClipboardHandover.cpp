@@ -7,7 +7,6 @@
 
 #include <QClipboard>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QTimer>
@@ -55,10 +54,9 @@ void handOver(std::chrono::milliseconds limit)
     if (!connection.isUsable())
         return;
     requestHandover(connection);
-    QTimer wakeUpAtTheLimit;
-    wakeUpAtTheLimit.start(limit);
-    const QDeadlineTimer deadline(limit);
-    while (!isAnswered && connection.isUsable() && !deadline.hasExpired())
+    bool isLate = false;
+    QTimer::singleShot(limit, Qt::PreciseTimer, &connection, [&isLate] { isLate = true; });
+    while (!isAnswered && !isLate && connection.isUsable())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
                                         | QEventLoop::WaitForMoreEvents);
 }

@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "EventLoopMainQueue.h"
+#include "Process.h"
+#include "VoiceOverlayController.h"
+#include "WaitUntil.h"
+#include "X11Compositor.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QScreen>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Read when the application object is made: assistive technology finds us without being asked for.
+const bool isAccessible = qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+
+QStringList announcedNames;
+
+void noteName(QAccessibleEvent *event)
+{
+    if (event->type() == QAccessible::NameChanged)
+        announcedNames << event->accessibleInterface()->text(QAccessible::Name);
+}
+
+QRgb pixelOnScreen(const QPoint &point)
+{
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, point.x(), point.y(), 1, 1)
+        .toImage()
+        .pixel(0, 0);
+}
+
+QWidget *panel()
+{
+    for (auto *widget : QApplication::topLevelWidgets())
+        if (widget->windowFlags().testFlag(Qt::BypassWindowManagerHint))
+            return widget;
+    return nullptr;
+}
+
+// The boolean says whether a compositor runs.
+class OverlayTest : public testing::TestWithParam<bool>
+{
+protected:
+    void SetUp() override
+    {
+        if (GetParam())
+            m_compositor.start(u"picom"_s, {u"--backend"_s, u"xrender"_s});
+        ASSERT_TRUE(waitUntil([] { return hasCompositor() == GetParam(); }));
+        m_editor.setWindowFlag(Qt::FramelessWindowHint);
+        m_editor.setStyleSheet(u"background: #c04020; border: none"_s);
+        m_editor.setGeometry(QGuiApplication::primaryScreen()->geometry());
+        m_editor.show();
+        ASSERT_TRUE(waitUntil([this] { return m_editor.isActiveWindow(); }));
+    }
+
+    void TearDown() override
+    {
+        m_compositor.kill();
+        m_compositor.waitForFinished();
+    }
+
+    EventLoopMainQueue m_queue;
+    VoiceOverlayController m_overlay{m_queue, hasCompositor};
+    QPlainTextEdit m_editor;
+    QProcess m_compositor;
+};
+
+} // namespace
+
+TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
+{
+    const auto focused = runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output;
+    m_editor.setPlainText(QString(80, u'\n'));
+    m_editor.moveCursor(QTextCursor::Start);
+    m_overlay.show(VoiceOverlayMode::recording(u"麦"_s));
+    const auto corner = panel()->geometry().topLeft();
+    const auto onThePill = corner + QPoint(61, 53);
+    // It is on the screen, and nothing is where it draws nothing.
+    EXPECT_TRUE(waitUntil([&] {
+        return qRed(pixelOnScreen(onThePill)) < 40
+            && pixelOnScreen(corner + QPoint(1, 1)) == 0xffc04020;
+    }));
+    EXPECT_EQ(runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output, focused);
+    runProcess(u"xdotool"_s,
+               {u"mousemove"_s,
+                QString::number(onThePill.x()),
+                QString::number(onThePill.y()),
+                u"click"_s,
+                u"1"_s,
+                u"type"_s,
+                u"k"_s});
+    EXPECT_TRUE(waitUntil([this] { return m_editor.toPlainText().contains(u'k'); }));
+    EXPECT_FALSE(m_editor.toPlainText().startsWith(u'k')) << "the click moved the cursor";
+    EXPECT_EQ(m_overlay.shownMode(), VoiceOverlayMode::recording(u"麦"_s));
+}
+
+TEST_P(OverlayTest, followsThePointerToItsMonitor)
+{
+    runProcess(u"xrandr"_s, {u"--setmonitor"_s, u"L"_s, u"640/170x800/211+0+0"_s, u"screen"_s});
+    runProcess(u"xrandr"_s, {u"--setmonitor"_s, u"R"_s, u"640/170x800/211+640+0"_s, u"none"_s});
+    ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
+    for (const int x : {100, 900}) {
+        runProcess(u"xdotool"_s, {u"mousemove"_s, QString::number(x), u"300"_s});
+        m_overlay.show(VoiceOverlayMode::status(u"已取消"_s));
+        const QPoint expected(x < 640 ? 200 : 840, 800 - 18 - 76);
+        EXPECT_EQ(panel()->pos(), expected);
+        EXPECT_TRUE(waitUntil([&] { return qRed(pixelOnScreen(expected + QPoint(72, 41))) < 40; }));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutCompositor, OverlayTest, testing::Bool());
+
+TEST(OverlayAccessibility, itsNameIsWhatItShows)
+{
+    // Asking for the accessibility bus starts it.
+    runProcess(u"gdbus"_s,
+               {u"call"_s,
+                u"--session"_s,
+                u"--dest=org.a11y.Bus"_s,
+                u"--object-path=/org/a11y/bus"_s,
+                u"--method=org.a11y.Bus.GetAddress"_s});
+    ASSERT_TRUE(waitUntil([] { return QAccessible::isActive(); }));
+    EventLoopMainQueue queue;
+    VoiceOverlayController overlay(queue, hasCompositor);
+    overlay.show(VoiceOverlayMode::typing(u"正在识别"_s));
+    const auto previous = QAccessible::installUpdateHandler(noteName);
+    overlay.show(VoiceOverlayMode::typing(u"正在整理"_s));
+    overlay.show(VoiceOverlayMode::recording(u"桌上的麦克风"_s));
+    QAccessible::installUpdateHandler(previous);
+    EXPECT_EQ(announcedNames, QStringList({u"正在整理"_s, u"使用中 桌上的麦克风"_s}));
+    // As a screen reader finds it; its first look at the desktop can be empty.
+    const auto script = u"import pyatspi\n"
+                        "for a in pyatspi.Registry.getDesktop(0):\n"
+                        "  for w in a: print(w.name)"_s;
+    EXPECT_TRUE(waitUntil([&script] {
+        return runProcess(u"/usr/bin/python3"_s, {u"-c"_s, script})
+            .output.contains("使用中 桌上的麦克风");
+    }));
+}
