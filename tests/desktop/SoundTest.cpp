@@ -189,7 +189,9 @@ TEST_F(SoundTest, KilledServerLeavesTheRecordingAndOneThatComesBackIsUsed)
     EXPECT_FALSE(startRecording());
 
     QProcess server;
-    server.start(qEnvironmentVariable("WRENFOLD_DESKTOP_SOUND_SERVER"), {});
+    server.start(
+        u"setpriv"_s,
+        {u"--pdeathsig"_s, u"KILL"_s, qEnvironmentVariable("WRENFOLD_DESKTOP_SOUND_SERVER")});
     EXPECT_TRUE(waitUntil([&] { return m_system.defaultInputName() == u"测试麦克风"_s; }));
     engine = startRecording();
     EXPECT_TRUE(engine && waitUntil([&] { return hasGrownTo(100); }));

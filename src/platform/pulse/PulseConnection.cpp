@@ -3,6 +3,7 @@
 #include "PulseConnection.h"
 
 #include <new>
+#include <utility>
 
 #include <pulse/pulseaudio.h>
 
@@ -24,14 +25,6 @@ pa_context *newContext(pa_mainloop_api *api)
 }
 
 } // namespace
-
-// A question for the default source, and its answer; guarded by the connection's mutex.
-struct PulseConnection::LookUp
-{
-    PulseConnection *connection;
-    bool isAnswered = false;
-    std::optional<PulseSource> source = {};
-};
 
 PulseConnection::Lock::Lock(const PulseConnection &connection)
     : m_loop(connection.m_loop)
@@ -90,37 +83,40 @@ bool PulseConnection::isConnected()
 
 std::optional<PulseSource> PulseConnection::defaultSource()
 {
+    const std::lock_guard turn(m_lookUps);
     if (!isConnected())
         return {};
-    LookUp lookUp{this};
-    const auto keepAnswer = [](pa_context *, const pa_source_info *info, int end, void *data) {
-        auto &asked = *static_cast<LookUp *>(data);
-        const std::lock_guard guard(asked.connection->m_mutex);
-        if (info)
-            asked.source = PulseSource{info->name, QString::fromUtf8(info->description)};
-        asked.isAnswered = end != 0;
-        asked.connection->m_changed.notify_all();
-    };
-    pa_operation *operation = nullptr;
-    {
-        const Lock lock(*this);
-        pa_context *current = context();
-        const std::lock_guard guard(m_mutex);
-        operation =
-            pa_context_get_source_info_by_name(current, "@DEFAULT_SOURCE@", keepAnswer, &lookUp);
-    }
+    pa_operation *operation = askForDefaultSource();
     if (!operation)
         return {};
     {
         std::unique_lock guard(m_mutex);
         m_changed.wait_for(
-            guard, answerLimit, [&] { return lookUp.isAnswered || m_state != State::Connected; });
+            guard, answerLimit, [this] { return m_isAnswered || m_state != State::Connected; });
     }
     const Lock lock(*this);
     pa_operation_cancel(operation);
     pa_operation_unref(operation);
     const std::lock_guard guard(m_mutex);
-    return lookUp.source;
+    return std::exchange(m_source, {});
+}
+
+pa_operation *PulseConnection::askForDefaultSource()
+{
+    {
+        const std::lock_guard guard(m_mutex);
+        m_isAnswered = false;
+    }
+    const auto keepAnswer = [](pa_context *, const pa_source_info *info, int end, void *data) {
+        auto &self = *static_cast<PulseConnection *>(data);
+        const std::lock_guard guard(self.m_mutex);
+        if (info)
+            self.m_source = PulseSource{info->name, QString::fromUtf8(info->description)};
+        self.m_isAnswered = end != 0;
+        self.m_changed.notify_all();
+    };
+    const Lock lock(*this);
+    return pa_context_get_source_info_by_name(context(), "@DEFAULT_SOURCE@", keepAnswer, this);
 }
 
 pa_context *PulseConnection::context() const

@@ -11,6 +11,7 @@
 #include <optional>
 
 struct pa_context;
+struct pa_operation;
 struct pa_threaded_mainloop;
 
 // An input device as the sound server describes it.
@@ -58,15 +59,18 @@ private:
         Connecting,
         Connected,
     };
-    struct LookUp;
 
+    [[nodiscard]] pa_operation *askForDefaultSource();
     void establish();
     void followContextState(pa_context *context);
     void setState(State state);
 
     pa_threaded_mainloop *m_loop;
-    mutable std::mutex m_mutex;
+    mutable std::mutex m_mutex; // guards what follows
     std::condition_variable m_changed;
     State m_state = State::Disconnected;
     pa_context *m_context = nullptr;
+    std::mutex m_lookUps; // held through a look-up of the default source: one at a time
+    bool m_isAnswered = false;
+    std::optional<PulseSource> m_source;
 };
