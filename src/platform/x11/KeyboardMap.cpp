@@ -111,11 +111,24 @@ std::optional<quint8> KeyboardMap::keyTyping(quint32 wanted) const
     return std::nullopt;
 }
 
-bool KeyboardMap::isLockKey(quint8 key) const
+bool KeyboardMap::isHeldModifier(quint8 key) const
 {
-    const auto carried = symbol(key, 0);
-    return carried == XK_Caps_Lock || carried == XK_Num_Lock || carried == XK_Scroll_Lock
-        || carried == XK_Shift_Lock || carried == XK_ISO_Lock;
+    switch (symbol(key, 0)) {
+    case XK_Caps_Lock:
+    case XK_Shift_Lock:
+    case XK_Num_Lock:
+    case XK_Scroll_Lock:
+    case XK_ISO_Lock:
+        return false;
+    case XK_ISO_Level3_Shift:
+    case XK_ISO_Level5_Shift:
+    case XK_Mode_switch:
+        return true;
+    default:
+        return std::ranges::any_of(m_rows, [key](const std::vector<quint8> &keys) {
+            return std::ranges::count(keys, key) > 0;
+        });
+    }
 }
 
 quint32 KeyboardMap::symbol(quint8 key, std::size_t layout) const

@@ -31,8 +31,9 @@ public:
     // The key that types the symbol without modifiers: in the current layout, else in another of
     // those that the user switches between.
     [[nodiscard]] std::optional<quint8> keyTyping(quint32 symbol) const;
-    // Whether the key is one that toggles: Caps, Num, Scroll or Shift Lock.
-    [[nodiscard]] bool isLockKey(quint8 key) const;
+    // Whether the key changes what others type only while it is held down, unlike a lock key. The
+    // AltGr key of many layouts sets a modifier without being in its row.
+    [[nodiscard]] bool isHeldModifier(quint8 key) const;
 
 private:
     KeyboardMap() = default;

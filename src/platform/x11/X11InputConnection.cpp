@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11InputConnection.h"
 
+#include "PhysicalKeys.h"
 #include "XcbReply.h"
 
 #include <algorithm>
@@ -63,15 +64,16 @@ bool X11InputConnection::canPost() const
 
 void X11InputConnection::addListener(const void *owner, Listener listener)
 {
+    const std::lock_guard lock(m_mutex);
     m_listeners[owner] = std::move(listener);
-    if (m_listeners.size() == 1)
-        watch(true);
+    updateWatch();
 }
 
 void X11InputConnection::removeListener(const void *owner)
 {
-    if (m_listeners.erase(owner) > 0 && m_listeners.empty())
-        watch(false);
+    const std::lock_guard lock(m_mutex);
+    m_listeners.erase(owner);
+    updateWatch();
 }
 
 std::vector<quint8> X11InputConnection::keysDown()
@@ -89,32 +91,64 @@ std::vector<quint8> X11InputConnection::keysDown()
 
 void X11InputConnection::post(const std::vector<KeyStroke> &strokes)
 {
-    auto *const connection = m_connection.get();
+    if (strokes.empty())
+        return;
     xcb_get_input_focus_cookie_t barrier{};
     {
         // Held until every request is noted: their events may be read on the other thread at once.
         const std::lock_guard lock(m_mutex);
-        for (const auto &stroke : strokes) {
-            const quint8 type = stroke.isPress ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
-            const auto request = xcb_test_fake_input(
-                connection, type, stroke.key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-            if (m_isWatching)
-                m_posted.push_back({stroke, request.sequence});
-        }
-        barrier = xcb_get_input_focus(connection);
+        for (const auto &stroke : strokes)
+            postLocked(stroke);
+        barrier = xcb_get_input_focus(m_connection.get());
     }
     const XcbReply<xcb_get_input_focus_reply_t> done(
-        xcb_get_input_focus_reply(connection, barrier, nullptr));
+        xcb_get_input_focus_reply(m_connection.get(), barrier, nullptr));
     m_connection.drainSoon();
 }
 
-void X11InputConnection::watch(bool isWatching)
+// The server does not connect a posted key with the finger on the same key: the finger's release is
+// watched for before the key goes down, and looked for again afterwards.
+void X11InputConnection::pressForFingers(const std::vector<quint8> &keys)
 {
-    {
+    if (keys.empty() || !canWatch())
+        return;
+    const auto setPressed = [this](const std::set<quint8> &pressed) {
         const std::lock_guard lock(m_mutex);
-        m_isWatching = isWatching;
-        m_posted.clear();
-    }
+        m_pressedForFingers = pressed;
+        updateWatch();
+    };
+    const auto amongFingers = [this](std::set<quint8> wanted) {
+        const auto fingers = physicalKeysDown(m_connection.get());
+        std::erase_if(wanted, [&fingers](quint8 key) { return !fingers.contains(key); });
+        return wanted;
+    };
+    setPressed({keys.begin(), keys.end()});
+    const auto held = amongFingers({keys.begin(), keys.end()});
+    post(strokesOf(held, true));
+    const auto stillHeld = amongFingers(held);
+    setPressed(stillHeld);
+    std::vector<quint8> gone;
+    std::ranges::set_difference(held, stillHeld, std::back_inserter(gone));
+    post(strokesOf(gone, false));
+}
+
+void X11InputConnection::postLocked(const KeyStroke &stroke)
+{
+    const quint8 type = stroke.isPress ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+    const auto request = xcb_test_fake_input(
+        m_connection.get(), type, stroke.key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    if (m_isWatching)
+        m_posted.push_back({stroke, request.sequence});
+}
+
+// Keys are reported only while somebody needs them: nothing wakes up at what the user types.
+void X11InputConnection::updateWatch()
+{
+    const bool isNeeded = !m_listeners.empty() || !m_pressedForFingers.empty();
+    if (isNeeded == m_isWatching || !canWatch())
+        return;
+    m_isWatching = isNeeded;
+    m_posted.clear();
     struct
     {
         xcb_input_event_mask_t header;
@@ -122,7 +156,7 @@ void X11InputConnection::watch(bool isWatching)
     } selection{};
     selection.header.deviceid = XCB_INPUT_DEVICE_ALL_MASTER;
     selection.header.mask_len = 1;
-    if (isWatching)
+    if (isNeeded)
         selection.mask =
             XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
     const auto request = xcb_input_xi_select_events_checked(
@@ -135,24 +169,35 @@ void X11InputConnection::handleEvent(const void *event)
 {
     if ((static_cast<const xcb_generic_event_t *>(event)->response_type & 0x7f) != XCB_GE_GENERIC)
         return;
-    // Generic events are longer than the type says; libxcb aligns them.
     const auto *const key = static_cast<const xcb_input_raw_key_press_event_t *>(event);
     const bool isPress = key->event_type == XCB_INPUT_RAW_KEY_PRESS;
     if (key->extension != m_inputOpcode
         || (!isPress && key->event_type != XCB_INPUT_RAW_KEY_RELEASE))
         return;
     const KeyStroke stroke{static_cast<quint8>(key->detail), isPress};
-    if (takePosted(stroke, key->full_sequence))
-        return;
-    const auto listeners = m_listeners; // a listener may remove itself
+    std::map<const void *, Listener> listeners;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (takePosted(stroke, key->full_sequence))
+            return;
+        followFingers(stroke);
+        listeners = m_listeners;
+    }
     for (const auto &[owner, listener] : listeners)
-        if (m_listeners.contains(owner))
-            listener(stroke, key->time);
+        listener(stroke, key->time);
+}
+
+void X11InputConnection::followFingers(const KeyStroke &stroke)
+{
+    if (stroke.isPress || m_pressedForFingers.erase(stroke.key) == 0)
+        return;
+    postLocked(stroke);
+    xcb_flush(m_connection.get());
+    updateWatch();
 }
 
 bool X11InputConnection::takePosted(const KeyStroke &stroke, quint32 sequence)
 {
-    const std::lock_guard lock(m_mutex);
     // Events come in the order of the requests: what has an older number raised no event.
     std::erase_if(m_posted, [sequence](const Posted &posted) {
         return static_cast<qint32>(posted.sequence - sequence) < 0;

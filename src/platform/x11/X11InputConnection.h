@@ -6,6 +6,7 @@
 
 #include <map>
 #include <mutex>
+#include <set>
 #include <vector>
 
 // A key going down or up on any keyboard, by its X key code.
@@ -16,6 +17,16 @@ struct KeyStroke
 
     bool operator==(const KeyStroke &) const = default;
 };
+
+// The keys, all going the same way.
+template<typename Keys>
+[[nodiscard]] std::vector<KeyStroke> strokesOf(const Keys &keys, bool isPress)
+{
+    std::vector<KeyStroke> strokes;
+    for (const quint8 key : keys)
+        strokes.push_back({key, isPress});
+    return strokes;
+}
 
 // The connection on which the keyboard is watched and keys are posted. Both share it, because a key
 // that we posted ourselves is told from the user's by the sequence number of our own request.
@@ -44,6 +55,8 @@ public:
 
     // Posts the strokes in their order and returns when the server has taken them. Any thread.
     void post(const std::vector<KeyStroke> &strokes);
+    // Presses those of the keys that fingers hold, until the fingers let go of them. Any thread.
+    void pressForFingers(const std::vector<quint8> &keys);
 
 private:
     struct Posted
@@ -53,14 +66,17 @@ private:
     };
 
     void handleEvent(const void *event);
-    void watch(bool isWatching);
+    void updateWatch();
+    void postLocked(const KeyStroke &stroke);
+    void followFingers(const KeyStroke &stroke);
     [[nodiscard]] bool takePosted(const KeyStroke &stroke, quint32 sequence);
 
     XcbConnection m_connection;
     int m_inputOpcode = 0; // 0 when the extension is missing
     bool m_canPost = false;
+    std::mutex m_mutex; // guards what follows
     std::map<const void *, Listener> m_listeners;
-    std::mutex m_mutex;
-    bool m_isWatching = false; // guarded by m_mutex, like the next
+    std::set<quint8> m_pressedForFingers;
+    bool m_isWatching = false;
     std::vector<Posted> m_posted;
 };

@@ -4,7 +4,6 @@
 
 #include "FocusedWindow.h"
 #include "KeyboardMap.h"
-#include "PhysicalKeys.h"
 #include "X11InputConnection.h"
 
 #include <algorithm>
@@ -20,29 +19,41 @@ namespace {
 constexpr auto longestWait = 100ms;
 constexpr auto waitStep = 4ms;
 
-struct ChordKeys
+struct Chord
 {
-    quint8 modifier = 0;
-    quint8 key = 0;
+    quint32 symbol;
+    KeyboardMap::Row row;
 };
 
-std::optional<ChordKeys> keysOf(PasteChord chord, const KeyboardMap &map)
+Chord partsOf(PasteChord chord)
 {
-    const bool isControlV = chord == PasteChord::ControlV;
-    const auto key = map.keyTyping(isControlV ? XK_v : XK_Insert);
-    const auto &modifiers =
-        map.modifierKeys(isControlV ? KeyboardMap::ControlRow : KeyboardMap::ShiftRow);
-    if (!key || modifiers.empty())
-        return std::nullopt;
-    return ChordKeys{modifiers.front(), *key};
+    return chord == PasteChord::ControlV ? Chord{XK_v, KeyboardMap::ControlRow}
+                                         : Chord{XK_Insert, KeyboardMap::ShiftRow};
 }
 
-std::vector<KeyStroke> strokes(const std::vector<quint8> &keys, bool isPress)
+bool isIn(const std::vector<quint8> &keys, quint8 key)
 {
-    std::vector<KeyStroke> result;
-    for (const auto key : keys)
-        result.push_back({key, isPress});
-    return result;
+    return std::ranges::find(keys, key) != keys.end();
+}
+
+// Whether the key, held down, would make another chord of it.
+bool wouldSpoil(quint8 key, const Chord &chord, const KeyboardMap &map)
+{
+    return map.isHeldModifier(key) && !isIn(map.modifierKeys(chord.row), key);
+}
+
+// Gives the user the time to let go of keys that spoil the chord; returns all that is down then.
+std::vector<quint8>
+waitForFingers(X11InputConnection &input, const Chord &chord, const KeyboardMap &map)
+{
+    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    auto down = input.keysDown();
+    while (std::ranges::any_of(down, [&](quint8 key) { return wouldSpoil(key, chord, map); })
+           && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(waitStep);
+        down = input.keysDown();
+    }
+    return down;
 }
 
 } // namespace
@@ -67,56 +78,28 @@ PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
                                                        : PasteChord::ControlV;
 }
 
-bool X11SyntheticKeyboard::post(PasteChord chord)
+bool X11SyntheticKeyboard::post(PasteChord pasteChord)
 {
     const std::lock_guard lock(m_mutex);
-    if (!isTrusted())
+    const auto map = isTrusted() ? KeyboardMap::read(m_input.connection().get()) : std::nullopt;
+    const auto chord = partsOf(pasteChord);
+    const auto key = map ? map->keyTyping(chord.symbol) : std::nullopt;
+    if (!key || map->modifierKeys(chord.row).empty())
         return false;
-    const auto map = KeyboardMap::read(m_input.connection().get());
-    const auto keys = map ? keysOf(chord, *map) : std::nullopt;
-    if (!keys)
-        return false;
-    const auto lifted = waitForModifiers(*map);
-    auto sequence = strokes(lifted, false);
-    sequence.insert(
-        sequence.end(),
-        {{keys->modifier, true}, {keys->key, true}, {keys->key, false}, {keys->modifier, false}});
+    const auto down = waitForFingers(m_input, chord, *map);
+    // A modifier of the chord that the user holds stays as it is: its twin is posted.
+    auto modifiers = map->modifierKeys(chord.row);
+    std::erase_if(modifiers, [&down](quint8 modifier) { return isIn(down, modifier); });
+    modifiers.resize(std::min<std::size_t>(modifiers.size(), 1));
+    auto lifted = down;
+    std::erase_if(lifted, [&](quint8 held) { return !wouldSpoil(held, chord, *map); });
+    // The chord's modifier goes down first and up last: a lone Alt or Super going up would open a
+    // menu or an overview.
+    auto sequence = strokesOf(modifiers, true);
+    std::ranges::copy(strokesOf(lifted, false), std::back_inserter(sequence));
+    sequence.insert(sequence.end(), {{*key, true}, {*key, false}});
     m_input.post(sequence);
-    restore(lifted);
+    m_input.pressForFingers(lifted);
+    m_input.post(strokesOf(modifiers, false));
     return true;
-}
-
-std::vector<quint8> X11SyntheticKeyboard::heldModifiers(const KeyboardMap &map)
-{
-    auto held = m_input.keysDown();
-    std::erase_if(held, [&map](quint8 key) {
-        for (std::size_t row = 0; row < KeyboardMap::rowCount; ++row)
-            if (std::ranges::count(map.modifierKeys(row), key) > 0)
-                return map.isLockKey(key);
-        return true;
-    });
-    return held;
-}
-
-// Gives the user the time to let go; returns what is held nevertheless.
-std::vector<quint8> X11SyntheticKeyboard::waitForModifiers(const KeyboardMap &map)
-{
-    const auto deadline = std::chrono::steady_clock::now() + longestWait;
-    auto held = heldModifiers(map);
-    while (!held.empty() && std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::sleep_for(waitStep);
-        held = heldModifiers(map);
-    }
-    return held;
-}
-
-void X11SyntheticKeyboard::restore(const std::vector<quint8> &lifted)
-{
-    if (lifted.empty())
-        return;
-    const auto down = physicalKeysDown(m_input.connection().get());
-    std::vector<quint8> still;
-    std::ranges::copy_if(
-        lifted, std::back_inserter(still), [&down](quint8 key) { return down.contains(key); });
-    m_input.post(strokes(still, true));
 }

@@ -4,13 +4,8 @@
 
 #include "SyntheticKeyboard.h"
 
-#include <QtGlobal>
-
 #include <mutex>
-#include <optional>
-#include <vector>
 
-class KeyboardMap;
 class X11InputConnection;
 
 // Posts the paste chord through the XTEST extension.
@@ -25,10 +20,6 @@ public:
     [[nodiscard]] bool post(PasteChord chord) override;
 
 private:
-    [[nodiscard]] std::vector<quint8> heldModifiers(const KeyboardMap &map);
-    [[nodiscard]] std::vector<quint8> waitForModifiers(const KeyboardMap &map);
-    void restore(const std::vector<quint8> &lifted);
-
     X11InputConnection &m_input;
     std::mutex m_mutex; // one chord at a time
 };
