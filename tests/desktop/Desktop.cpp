@@ -126,10 +126,10 @@ void Desktop::setLayout(const QStringList &arguments)
     EXPECT_EQ(runProcess(u"setxkbmap"_s, QStringList{u"-option"_s, u""_s} + arguments).exitCode, 0);
 }
 
-Application
+ForeignApplication
 Desktop::start(const QString &program, const QStringList &arguments, const QString &windowClass)
 {
-    Application process(new QProcess);
+    ForeignApplication process(new QProcess);
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->start(program, arguments);
     EXPECT_TRUE(waitUntil([&] { return focusedClass().contains(windowClass, Qt::CaseInsensitive); },

@@ -31,6 +31,7 @@ inline constexpr quint8 leftAlt = 64;
 inline constexpr quint8 rightAlt = 108;
 inline constexpr quint8 leftSuper = 133;
 inline constexpr quint8 rightSuper = 134;
+inline constexpr quint8 up = 111;
 } // namespace Key
 
 // Ends an application and waits for its end.
@@ -38,7 +39,7 @@ struct EndProcess
 {
     void operator()(QProcess *process) const;
 };
-using Application = std::unique_ptr<QProcess, EndProcess>;
+using ForeignApplication = std::unique_ptr<QProcess, EndProcess>;
 
 // The private desktop as a user sits at it: its keyboard, its keyboard layouts and applications
 // that we did not write. Leaves no key down and the layout as it was.
@@ -65,7 +66,7 @@ public:
 
     // Starts an application and waits until its window, by the name its class carries, has the
     // focus. It is ended with the returned object.
-    [[nodiscard]] Application
+    [[nodiscard]] ForeignApplication
     start(const QString &program, const QStringList &arguments, const QString &windowClass);
     // Instance and class of the window that has the focus, separated by a blank.
     [[nodiscard]] QString focusedClass() const;

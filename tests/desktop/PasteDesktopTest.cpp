@@ -9,9 +9,14 @@
 #include "X11InputConnection.h"
 #include "X11SyntheticKeyboard.h"
 
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
 #include <QProcess>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
@@ -21,15 +26,42 @@ struct Editor
 {
     QString program;
     QStringList arguments; // the file's path follows
-    QString windowClass;
 };
 
-const Editor mousepad{u"mousepad"_s, {u"--disable-server"_s}, u"mousepad"_s};
-const Editor featherpad{u"featherpad"_s, {u"--standalone"_s}, u"featherpad"_s};
-// Takes what is typed as it comes, without the line editing of a terminal.
+const Editor mousepad{u"mousepad"_s, {u"--disable-server"_s}};
+const Editor featherpad{u"featherpad"_s, {u"--standalone"_s}};
+// Writes what is typed to the file as it comes, without the line editing of a terminal.
 const Editor xterm{u"xterm"_s,
-                   {u"-e"_s, u"sh"_s, u"-c"_s, u"stty -icanon -echo -isig; cat > \"$0\""_s},
-                   u"xterm"_s};
+                   {u"-e"_s, u"sh"_s, u"-c"_s, u"stty -icanon -echo -isig; cat > \"$0\""_s}};
+
+const QByteArray shortText =
+    "你好，世界 😀👩‍👩‍👧\n\tsecond “line”\n\nlast\n";
+
+const QByteArray longText = shortText.repeated(1700); // over 100 KB
+
+struct PasteCase
+{
+    const char *name;
+    QByteArray text = shortText;
+    QStringList layout = {};
+    std::vector<quint8> held = {};
+    std::vector<quint8> locks = {};
+    bool isSecondLayout = false; // switched to with Scroll Lock
+};
+
+// Notices that an application asks for the text we offer: it has taken the keys then.
+class FetchCounter final : public QAbstractNativeEventFilter
+{
+public:
+    FetchCounter() { QCoreApplication::instance()->installNativeEventFilter(this); }
+    bool nativeEventFilter(const QByteArray &, void *message, qintptr *) override
+    {
+        const auto type = static_cast<xcb_generic_event_t *>(message)->response_type & 0x7f;
+        count += type == XCB_SELECTION_REQUEST ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
 
 class PasteDesktopTest : public testing::Test
 {
@@ -37,33 +69,78 @@ protected:
     void open(const Editor &editor)
     {
         m_home.write(u"text.txt"_s, "");
+        m_isTerminal = &editor == &xterm;
         m_editor = m_desktop.start(editor.program,
                                    editor.arguments + QStringList{m_home.path(u"text.txt"_s)},
-                                   editor.windowClass);
+                                   editor.program);
     }
 
-    // Pastes as the application does, off the main thread.
-    void paste(const QString &text)
+    // Pastes as the application does, off the main thread, and waits until the text is asked for.
+    void paste(const QByteArray &text)
     {
-        bool isDone = false;
+        m_fetches.count = 0;
         BackgroundTasks tasks;
         tasks.start([&] {
-            EXPECT_NO_THROW(AutoPaster(PasteConfig{}, m_keyboard, m_queue).paste(text));
-            m_queue.post([&] { isDone = true; });
+            EXPECT_NO_THROW(
+                AutoPaster(PasteConfig{}, m_keyboard, m_queue).paste(QString::fromUtf8(text)));
         });
-        EXPECT_TRUE(waitUntil([&] { return isDone; }));
+        EXPECT_TRUE(waitUntil([&] { return m_fetches.count > 0; }));
     }
 
-    // Whether the editor holds exactly this text, when asked to save it.
+    // Whether the editor holds exactly this text, when asked to save it on the US layout.
     bool holds(const QByteArray &text)
     {
         const auto isSaved = [&] { return m_home.read(u"text.txt"_s) == text; };
-        for (int i = 0; i < 20; ++i) {
+        if (m_isTerminal)
+            return waitUntil(isSaved);
+        for (int i = 0; i < 50; ++i) {
             m_desktop.tap({Key::leftControl, Key::s});
-            if (waitUntil(isSaved, std::chrono::milliseconds(500)))
+            if (waitUntil(isSaved, std::chrono::milliseconds(200)))
                 return true;
         }
         return false;
+    }
+
+    bool isNoKeyDown()
+    {
+        return waitUntil([&] { return m_desktop.keysDown().empty(); }, std::chrono::seconds(1));
+    }
+
+    // Pastes the row's text after what the editor holds, and once more with no key held.
+    void pasteRow(const PasteCase &row)
+    {
+        if (!row.layout.isEmpty())
+            m_desktop.setLayout(row.layout);
+        for (const auto key : row.locks)
+            m_desktop.tap({key});
+        if (row.isSecondLayout)
+            m_desktop.tap({Key::scrollLock});
+        for (const auto key : row.held)
+            m_desktop.press(key);
+        paste(row.text);
+        EXPECT_THAT(m_desktop.keysDown(), testing::UnorderedElementsAreArray(row.held));
+        for (const auto key : row.held)
+            m_desktop.release(key);
+        EXPECT_TRUE(isNoKeyDown());
+        if (!row.layout.isEmpty())
+            m_desktop.setLayout({u"us"_s});
+        m_expected += row.text;
+        ASSERT_TRUE(holds(m_expected)) << m_home.read(u"text.txt"_s).right(500).toStdString();
+        paste(shortText);
+        m_expected += shortText;
+        EXPECT_TRUE(isNoKeyDown());
+        ASSERT_TRUE(holds(m_expected));
+        for (const auto key : row.locks)
+            m_desktop.tap({key});
+    }
+
+    void pasteRows(const Editor &editor, const std::vector<PasteCase> &rows)
+    {
+        open(editor);
+        for (const auto &row : rows) {
+            SCOPED_TRACE(row.name);
+            ASSERT_NO_FATAL_FAILURE(pasteRow(row));
+        }
     }
 
     TemporaryHome m_home;
@@ -71,14 +148,61 @@ protected:
     EventLoopMainQueue m_queue;
     X11InputConnection m_input;
     X11SyntheticKeyboard m_keyboard{m_input};
-    Application m_editor;
+    FetchCounter m_fetches;
+    bool m_isTerminal = false;
+    ForeignApplication m_editor;
+    QByteArray m_expected;
 };
 
-TEST_F(PasteDesktopTest, textArrivesInAnEditor)
+const std::vector<quint8> locks{Key::capsLock, Key::numLock, Key::scrollLock};
+
+TEST_F(PasteDesktopTest, mousepadGetsTextOnEveryLayoutWhateverIsHeld)
 {
-    open(mousepad);
-    paste(u"你好，世界 😀\nsecond\nthird\n"_s);
-    EXPECT_TRUE(holds("你好，世界 😀\nsecond\nthird\n"));
+    pasteRows(mousepad,
+              {{"plain"},
+               {"long", longText},
+               {"Dvorak", shortText, {u"dvorak"_s}},
+               {"French", shortText, {u"fr"_s}},
+               {"French, AltGr held", shortText, {u"fr"_s}, {Key::rightAlt}},
+               {"Russian", shortText, {u"ru"_s}},
+               {"Russian as second layout",
+                shortText,
+                {u"us,ru"_s, u"-option"_s, u"grp:sclk_toggle"_s},
+                {},
+                {Key::scrollLock}},
+               {"Control and Caps swapped", shortText, {u"us"_s, u"-option"_s, u"ctrl:swapcaps"_s}},
+               {"locks on", shortText, {}, {}, locks},
+               {"Shift held", shortText, {}, {Key::leftShift}},
+               {"Super held", shortText, {}, {Key::leftSuper}},
+               {"Alt held", shortText, {}, {Key::leftAlt}},
+               {"Control held", shortText, {}, {Key::leftControl}},
+               {"all held",
+                shortText,
+                {},
+                {Key::rightShift, Key::leftSuper, Key::leftAlt, Key::rightControl}}});
+}
+
+TEST_F(PasteDesktopTest, featherpadGetsTextWhateverIsHeld)
+{
+    pasteRows(featherpad,
+              {{"plain"},
+               {"long", longText},
+               {"Russian", shortText, {u"ru"_s}},
+               {"Alt held", shortText, {}, {Key::leftAlt}},
+               {"Super and Shift held", shortText, {}, {Key::rightSuper, Key::rightShift}}});
+}
+
+TEST_F(PasteDesktopTest, xtermGetsTextWhateverIsHeld)
+{
+    pasteRows(xterm,
+              {{"plain"},
+               {"long", longText},
+               {"Russian", shortText, {u"ru"_s}},
+               {"locks on", shortText, {}, {}, locks},
+               {"Shift held", shortText, {}, {Key::leftShift}},
+               {"Super held", shortText, {}, {Key::leftSuper}},
+               {"Alt held", shortText, {}, {Key::rightAlt}},
+               {"Controls held", shortText, {}, {Key::leftControl, Key::rightControl}}});
 }
 
 } // namespace
