@@ -59,6 +59,7 @@ protected:
         queue.close();
         tasks.waitForDone();
         session.terminate();
+        AppLogger::drain();
     }
 
     DictationServices services()

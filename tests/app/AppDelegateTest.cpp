@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "AppDelegate.h"
+#include "AppLogger.h"
+#include "FakeAudioSystem.h"
+#include "FakeHotKeyRegistrar.h"
+#include "FakeModifierMonitor.h"
+#include "FakeSyntheticKeyboard.h"
+#include "TemporaryHome.h"
+#include "WaitUntil.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// Stands for the browser.
+class UrlCatcher final : public QObject
+{
+    Q_OBJECT
+public:
+    UrlCatcher() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
+    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+    Q_INVOKABLE void open(const QUrl &url) { opened << url; }
+
+    QList<QUrl> opened;
+};
+
+class AppDelegateTest : public testing::Test
+{
+protected:
+    // Launches with the desktop's parts as fakes; false is a keyboard we may not post to.
+    void launch(bool isTrusted = true)
+    {
+        auto registrar = std::make_unique<FakeHotKeyRegistrar>();
+        auto keyboard = std::make_unique<FakeSyntheticKeyboard>();
+        keyboard->trusted = isTrusted;
+        hotKeys = registrar.get();
+        Backends backends{
+            .connection = {},
+            .hotKeys = std::move(registrar),
+            .modifiers = std::make_unique<FakeModifierMonitor>(),
+            .keyboard = std::move(keyboard),
+            .audio = std::make_unique<FakeAudioSystem>(),
+            .trayHosts = {},
+            .hasCompositor = [] { return true; },
+            .handOverClipboard = [] {},
+        };
+        delegate = std::make_unique<AppDelegate>(std::move(backends));
+        delegate->applicationDidFinishLaunching();
+    }
+
+    QString log() const
+    {
+        AppLogger::drain();
+        return QString::fromUtf8(home.read(u".wrenfold/logs/wrenfold.log"_s));
+    }
+
+    static AppConfig stored() { return AppConfig::loadOrCreateTemplate().config; }
+
+    TemporaryHome home;
+    UrlCatcher browser;
+    FakeHotKeyRegistrar *hotKeys = nullptr;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+const HotKeyConfig controlOptionK{40, 0x1800, u"⌃⌥K"_s};
+const PromptSettings scriptPrompt{u"builtin.script"_s, {{u"custom.1"_s, u"我的"_s, u"简短。"_s}}};
+
+} // namespace
+
+TEST_F(AppDelegateTest, SavesAndAppliesWhatTheWindowReports)
+{
+    launch();
+    auto &window = delegate->mainWindow();
+    window.onAPIKeysSave(u" voice "_s, u""_s);
+    window.onHotKeyChange(controlOptionK);
+    window.onPromptSettingsChange(scriptPrompt, u"文案"_s);
+    window.onPersonalDictionaryChange(PersonalDictionaryConfig({u"DeepSeek"_s, u"Qt 6"_s}));
+
+    const auto config = stored();
+    EXPECT_EQ(config, delegate->config());
+    EXPECT_EQ(config.volcengine.apiKey, u" voice "_s);
+    EXPECT_EQ(config.hotKey, controlOptionK);
+    EXPECT_EQ(config.prompts, scriptPrompt);
+    EXPECT_EQ(config.polishPrompt, u"文案"_s);
+    EXPECT_EQ(config.personalDictionary.terms, QStringList({u"DeepSeek"_s, u"Qt 6"_s}));
+    EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(40U, 0x1800U));
+    for (const auto &line : {u"API keys saved. doubaoKeySet=true deepSeekKeySet=false"_s,
+                             u"Hotkey saved. displayName=⌃⌥K"_s,
+                             u"Hotkey registered. displayName=⌃⌥K"_s,
+                             u"Prompt settings saved. selectedID=builtin.script"_s,
+                             u"Personal dictionary saved. terms=2"_s})
+        EXPECT_TRUE(log().contains(line)) << qPrintable(line);
+}
+
+TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
+{
+    launch();
+    QFile::remove(home.path(u".wrenfold/config.json"_s));
+    ASSERT_TRUE(QDir().mkpath(home.path(u".wrenfold/config.json/in-the-way"_s)));
+    const std::pair<std::function<void()>, QString> rows[] = {
+        {[&] { delegate->updateAPIKeys(u"voice"_s, u"polish"_s); }, u"API key save failed."_s},
+        {[&] { delegate->updateHotKey(controlOptionK); }, u"Hotkey save failed."_s},
+        {[&] { delegate->updatePromptSettings(scriptPrompt, u"文案"_s); },
+         u"Prompt settings save failed."_s},
+        {[&] { delegate->updatePersonalDictionary(PersonalDictionaryConfig({u"Qt 6"_s})); },
+         u"Personal dictionary save failed."_s},
+    };
+    for (const auto &[change, line] : rows) {
+        change();
+        EXPECT_TRUE(log().contains(line + u" error="_s)) << qPrintable(line);
+        auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        ASSERT_NE(alert, nullptr) << qPrintable(line);
+        EXPECT_EQ(alert->text(), u"Wrenfold"_s);
+        EXPECT_EQ(alert->icon(), QMessageBox::Warning);
+        EXPECT_TRUE(alert->informativeText().contains(u"config.json"_s));
+        alert->accept();
+    }
+    EXPECT_EQ(delegate->config().deepSeek.apiKey, u"polish"_s);
+    EXPECT_EQ(delegate->config().hotKey, controlOptionK);
+    EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(49U, 0x300U));
+}
+
+TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadLeavesTheDefaultsAndTheFile)
+{
+    home.write(u".wrenfold/config.json"_s, "{\"hotKey\": 1}");
+    launch();
+    EXPECT_EQ(delegate->config(), AppConfig());
+    EXPECT_EQ(home.read(u".wrenfold/config.json"_s), "{\"hotKey\": 1}");
+    EXPECT_TRUE(log().contains(u"[ERROR]"_s));
+    EXPECT_TRUE(log().contains(u"Config load failed. error="_s));
+    delegate->updateAPIKeys(u"voice"_s, u""_s);
+    EXPECT_EQ(stored(), delegate->config());
+}
+
+TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)
+{
+    launch(false);
+    EXPECT_TRUE(log().contains(u"[WARN]"_s));
+    ASSERT_TRUE(waitUntil([this] { return !browser.opened.isEmpty(); }));
+    QFile page(browser.opened.constFirst().toLocalFile());
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(page.readAll().contains("XTEST"));
+    EXPECT_TRUE(log().contains(u"Opening accessibility permission settings."_s));
+}
+
+TEST_F(AppDelegateTest, EndsOnceAndGivesTheLockBack)
+{
+    launch();
+    delegate->applicationWillTerminate();
+    delegate->applicationWillTerminate();
+    EXPECT_TRUE(SingleInstanceGuard(u"local.wrenfold"_s).acquire());
+}
+
+#include "AppDelegateTest.moc"
