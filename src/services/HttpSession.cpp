@@ -32,33 +32,10 @@ HttpError closedError()
 
 } // namespace
 
-// Runs the worker's events; what the worker owns is destroyed where it lived.
-class HttpSession::Thread final : public QThread
-{
-public:
-    explicit Thread(HttpWorker &worker)
-        : m_worker(worker)
-    {}
-
-protected:
-    void run() override
-    {
-        exec();
-        m_worker.shutDown();
-    }
-
-private:
-    HttpWorker &m_worker;
-};
-
 HttpSession::HttpSession(const std::optional<QSslConfiguration> &tls)
     : m_worker(std::make_unique<HttpWorker>(tls))
-    , m_thread(std::make_unique<Thread>(*m_worker))
-{
-    m_thread->setObjectName("http"_L1);
-    m_worker->moveToThread(m_thread.get());
-    m_thread->start();
-}
+    , m_thread([worker = m_worker.get()] { worker->run(); })
+{}
 
 HttpSession::~HttpSession()
 {
@@ -87,6 +64,8 @@ void HttpSession::openAhead(const QUrl &url)
 
 void HttpSession::close()
 {
-    static_cast<void>(m_worker->postLast([this] { m_thread->quit(); }));
-    m_thread->wait();
+    m_worker->stop();
+    const std::lock_guard lock(m_joinMutex);
+    if (m_thread.joinable())
+        m_thread.join();
 }

@@ -7,39 +7,54 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
+// Without a thread at first: run() takes it over, with what was posted until then.
 HttpWorker::HttpWorker(const std::optional<QSslConfiguration> &tls)
     : m_tls(tls)
-{}
+{
+    moveToThread(nullptr);
+}
 
 HttpWorker::~HttpWorker() = default;
 
 bool HttpWorker::post(Work work)
 {
+    return enqueue(std::move(work), false);
+}
+
+void HttpWorker::stop()
+{
+    static_cast<void>(enqueue([this] { m_loop->quit(); }, true));
+}
+
+bool HttpWorker::enqueue(Work work, bool isLast)
+{
     {
         const std::lock_guard lock(m_mutex);
         if (m_isClosed)
             return false;
+        m_isClosed = isLast;
         m_work.push_back(std::move(work));
     }
     QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     return true;
 }
 
-bool HttpWorker::postLast(Work work)
+void HttpWorker::run()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (std::exchange(m_isClosed, true))
-            return false;
-        m_work.push_back(std::move(work));
-    }
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-    return true;
+    moveToThread(QThread::currentThread());
+    QEventLoop loop;
+    m_loop = &loop;
+    loop.exec();
+    m_transfers.clear();
+    m_manager.reset();
+    moveToThread(nullptr);
 }
 
 bool HttpWorker::event(QEvent *event)
@@ -100,12 +115,6 @@ void HttpWorker::openAhead(const QUrl &url)
     target.setPort(url.port(url.scheme() == "https"_L1 ? 443 : 80));
     auto *reply = manager().get(networkRequest(target));
     connect(reply, &QNetworkReply::finished, reply, &QObject::deleteLater);
-}
-
-void HttpWorker::shutDown()
-{
-    m_transfers.clear();
-    m_manager.reset();
 }
 
 QNetworkAccessManager &HttpWorker::manager()

@@ -16,6 +16,7 @@
 #include <optional>
 
 class HttpTransfer;
+class QEventLoop;
 class QNetworkAccessManager;
 class QNetworkRequest;
 
@@ -32,24 +33,28 @@ public:
 
     // Queues work for the network thread; any thread. False, and dropped, once closed.
     [[nodiscard]] bool post(Work work);
-    // Queues the last work and refuses all that follows. False when that has happened before.
-    [[nodiscard]] bool postLast(Work work);
+    // Refuses all further work and ends run() after what is queued; any thread.
+    void stop();
+
+    // Makes the calling thread the network thread until stop(); what is in flight then fails as
+    // cancelled. Once only.
+    void run();
 
     // The rest: network thread only.
     void startTransfer(const HttpRequest &request, std::promise<HttpResponse> promise);
     void openAhead(const QUrl &url);
-    // Fails what is in flight as cancelled and destroys everything that lives on this thread.
-    void shutDown();
 
 protected:
     bool event(QEvent *event) override;
 
 private:
+    [[nodiscard]] bool enqueue(Work work, bool isLast);
     void runOne();
     QNetworkAccessManager &manager();
     [[nodiscard]] QNetworkRequest networkRequest(const QUrl &url) const;
 
     const std::optional<QSslConfiguration> m_tls;
+    QEventLoop *m_loop = nullptr;
     std::unique_ptr<QNetworkAccessManager> m_manager;
     std::deque<std::unique_ptr<HttpTransfer>> m_transfers;
 

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <memory>
+
 class QTcpSocket;
 class ScriptedListener;
 

@@ -4,6 +4,9 @@
 
 #include "ScriptedListener.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
+
 using namespace Qt::StringLiterals;
 
 QByteArray RecordedRequest::method() const
@@ -36,13 +39,9 @@ std::optional<QByteArray> RecordedRequest::header(const QByteArray &name) const
 }
 
 ScriptedHttpServer::ScriptedHttpServer(Script script, const std::optional<QSslConfiguration> &tls)
-    : m_listener(std::make_unique<ScriptedListener>(std::move(script), tls))
+    : m_thread([this, script = std::move(script), tls] { run(script, tls); })
 {
-    if (!m_listener->listen(QHostAddress::LocalHost))
-        qFatal("cannot listen on loopback");
-    // A listener that has moved goes on listening there, and is deleted there.
-    m_listener->moveToThread(&m_thread);
-    m_thread.start();
+    m_isListening.get_future().wait();
 }
 
 ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer,
@@ -52,9 +51,20 @@ ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer,
 
 ScriptedHttpServer::~ScriptedHttpServer()
 {
-    m_listener.release()->deleteLater();
-    m_thread.quit();
-    m_thread.wait();
+    QCoreApplication::postEvent(m_loop, new QEvent(QEvent::Quit));
+    m_thread.join();
+}
+
+void ScriptedHttpServer::run(const Script &script, const std::optional<QSslConfiguration> &tls)
+{
+    QEventLoop loop;
+    ScriptedListener listener(script, tls);
+    if (!listener.listen(QHostAddress::LocalHost))
+        qFatal("cannot listen on loopback");
+    m_loop = &loop;
+    m_listener = &listener;
+    m_isListening.set_value();
+    loop.exec();
 }
 
 quint16 ScriptedHttpServer::port() const

@@ -5,16 +5,17 @@
 #include <QByteArray>
 #include <QList>
 #include <QSslConfiguration>
-#include <QThread>
 #include <QUrl>
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <future>
 #include <optional>
+#include <thread>
 #include <utility>
 #include <vector>
 
+class QEventLoop;
 class ScriptedListener;
 
 // A request as it arrived.
@@ -83,6 +84,11 @@ public:
     [[nodiscard]] int handshakes() const;
 
 private:
-    std::unique_ptr<ScriptedListener> m_listener;
-    QThread m_thread;
+    void run(const Script &script, const std::optional<QSslConfiguration> &tls);
+
+    // Both live on the server's thread.
+    ScriptedListener *m_listener = nullptr;
+    QEventLoop *m_loop = nullptr;
+    std::promise<void> m_isListening;
+    std::thread m_thread;
 };
