@@ -45,7 +45,7 @@ void addKeysDown(const xcb_input_query_device_state_reply_t *reply, std::set<qui
         const auto *const state =
             static_cast<const xcb_input_key_state_t *>(static_cast<const void *>(classes.data));
         for (unsigned key = 0; key < 256; ++key)
-            if ((state->keys[key / 8] >> (key % 8) & 1U) != 0)
+            if ((unsigned{state->keys[key / 8]} >> (key % 8) & 1U) != 0)
                 down.insert(static_cast<quint8>(key));
     }
 }

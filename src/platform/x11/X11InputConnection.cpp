@@ -84,7 +84,7 @@ std::vector<quint8> X11InputConnection::keysDown()
     m_connection.drainSoon();
     std::vector<quint8> down;
     for (unsigned key = 0; keymap && key < 256; ++key)
-        if ((keymap->keys[key / 8] >> (key % 8) & 1U) != 0)
+        if ((unsigned{keymap->keys[key / 8]} >> (key % 8) & 1U) != 0)
             down.push_back(static_cast<quint8>(key));
     return down;
 }
