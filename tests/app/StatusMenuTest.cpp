@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "AppLogger.h"
-#include "FakeTrayHostWatch.h"
 #include "StatusMenu.h"
 #include "TemporaryHome.h"
 
@@ -10,25 +9,6 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-TEST(StatusMenu, hasItsIconOnlyOnceThereIsAPanel)
-{
-    const TemporaryHome home;
-    StatusMenu menu({});
-    menu.setToolTip(u"Wrenfold：听"_s);
-    auto first = std::make_unique<FakeTrayHostWatch>();
-    auto second = std::make_unique<FakeTrayHostWatch>();
-    auto &later = *second;
-    std::vector<std::unique_ptr<TrayHostWatch>> watches;
-    watches.push_back(std::move(first));
-    watches.push_back(std::move(second));
-    menu.showWhenHosted(std::move(watches));
-    EXPECT_FALSE(menu.hasIcon());
-    later.report();
-    EXPECT_TRUE(menu.hasIcon());
-    later.report();
-    EXPECT_EQ(menu.toolTip(), u"Wrenfold：听"_s);
-}
 
 TEST(StatusMenu, logsWhetherItsImageIsThere)
 {

@@ -80,6 +80,7 @@ TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
     const auto focused = runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output;
     m_editor.setPlainText(QString(80, u'\n'));
     m_editor.moveCursor(QTextCursor::Start);
+    EXPECT_EQ(panel(), nullptr) << "nothing is built before it is needed";
     m_overlay.show(VoiceOverlayMode::recording(u"麦"_s));
     const auto corner = panel()->geometry().topLeft();
     const auto onThePill = corner + QPoint(61, 53);
@@ -89,17 +90,14 @@ TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
             && pixelOnScreen(corner + QPoint(1, 1)) == 0xffc04020;
     }));
     EXPECT_EQ(runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output, focused);
-    runProcess(u"xdotool"_s,
-               {u"mousemove"_s,
-                QString::number(onThePill.x()),
-                QString::number(onThePill.y()),
-                u"click"_s,
-                u"1"_s,
-                u"type"_s,
-                u"k"_s});
+    const auto clickAndType = u"mousemove %1 %2 click 1 type k"_s;
+    runProcess(u"xdotool"_s, clickAndType.arg(onThePill.x()).arg(onThePill.y()).split(u' '));
     EXPECT_TRUE(waitUntil([this] { return m_editor.toPlainText().contains(u'k'); }));
     EXPECT_FALSE(m_editor.toPlainText().startsWith(u'k')) << "the click moved the cursor";
     EXPECT_EQ(m_overlay.shownMode(), VoiceOverlayMode::recording(u"麦"_s));
+    m_overlay.hide();
+    EXPECT_EQ(m_overlay.shownMode(), std::nullopt);
+    EXPECT_TRUE(waitUntil([&] { return pixelOnScreen(onThePill) == 0xffc04020; }));
 }
 
 TEST_P(OverlayTest, followsThePointerToItsMonitor)
@@ -121,12 +119,9 @@ INSTANTIATE_TEST_SUITE_P(WithAndWithoutCompositor, OverlayTest, testing::Bool())
 TEST(OverlayAccessibility, itsNameIsWhatItShows)
 {
     // Asking for the accessibility bus starts it.
-    runProcess(u"gdbus"_s,
-               {u"call"_s,
-                u"--session"_s,
-                u"--dest=org.a11y.Bus"_s,
-                u"--object-path=/org/a11y/bus"_s,
-                u"--method=org.a11y.Bus.GetAddress"_s});
+    const auto question = u"call --session --dest org.a11y.Bus --object-path /org/a11y/bus "
+                          "--method org.a11y.Bus.GetAddress"_s;
+    runProcess(u"gdbus"_s, question.split(u' '));
     ASSERT_TRUE(waitUntil([] { return QAccessible::isActive(); }));
     EventLoopMainQueue queue;
     VoiceOverlayController overlay(queue, hasCompositor);

@@ -9,7 +9,6 @@
 #include "X11TrayWatch.h"
 #include "XcbConnection.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -28,17 +27,9 @@ QString call(const QString &service,
              const QString &method,
              const QStringList &arguments)
 {
-    const auto result = runProcess(u"gdbus"_s,
-                                   QStringList{u"call"_s,
-                                               u"--session"_s,
-                                               u"--dest"_s,
-                                               service,
-                                               u"--object-path"_s,
-                                               path,
-                                               u"--method"_s,
-                                               method,
-                                               u"--"_s}
-                                       + arguments);
+    const auto address = u"call --session --dest %1 --object-path %2 --method %3 --"_s;
+    const auto result =
+        runProcess(u"gdbus"_s, address.arg(service, path, method).split(u' ') + arguments);
     return QString::fromUtf8(result.output);
 }
 
@@ -119,42 +110,26 @@ protected:
     QProcess m_panel;
 };
 
-// An older panel: owns the tray selection, announces it, and is asked to embed icons.
-class EmbeddingPanel final
+// What a panel of the older kind does when it comes up.
+void announceEmbeddingPanel(const XcbConnection &connection)
 {
-public:
-    [[nodiscard]] bool isAskedToDock() const { return m_isAskedToDock; }
-
-    void announce()
-    {
-        auto *server = m_connection.get();
-        const auto selection =
-            X11Selections::atom(server, X11Selections::nameForScreen("_NET_SYSTEM_TRAY_S"));
-        const auto window = xcb_generate_id(server);
-        xcb_create_window(server, 0, window, m_connection.root(), 0, 0, 9, 9, 0, 0, 0, 0, nullptr);
-        xcb_set_selection_owner(server, window, selection, XCB_CURRENT_TIME);
-        xcb_client_message_event_t message = {};
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = m_connection.root();
-        message.type = X11Selections::atom(server, "MANAGER");
-        message.data.data32[1] = selection;
-        message.data.data32[2] = window;
-        xcb_send_event(server,
-                       0,
-                       m_connection.root(),
-                       XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                       reinterpret_cast<const char *>(&message));
-        xcb_flush(server);
-    }
-
-private:
-    bool m_isAskedToDock = false;
-    XcbConnection m_connection{[this](const void *message) {
-        const auto *event = static_cast<const xcb_generic_event_t *>(message);
-        m_isAskedToDock |= (event->response_type & 0x7f) == XCB_CLIENT_MESSAGE;
-    }};
-};
+    auto *server = connection.get();
+    const auto root = connection.root();
+    const auto selection =
+        X11Selections::atom(server, X11Selections::nameForScreen("_NET_SYSTEM_TRAY_S"));
+    const auto window = xcb_generate_id(server);
+    xcb_create_window(server, 0, window, root, 0, 0, 9, 9, 0, 0, 0, 0, nullptr);
+    xcb_set_selection_owner(server, window, selection, XCB_CURRENT_TIME);
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = root;
+    message.type = X11Selections::atom(server, "MANAGER");
+    message.data.data32[1] = selection;
+    const auto *bytes = reinterpret_cast<const char *>(&message);
+    xcb_send_event(server, 0, root, XCB_EVENT_MASK_STRUCTURE_NOTIFY, bytes);
+    xcb_flush(server);
+}
 
 } // namespace
 
@@ -176,10 +151,8 @@ TEST_F(TrayTest, callsWhatIsChosen)
     awaitIcon();
     for (const auto &label : {u"打开日志文件夹"_s, u"开始使用"_s, u"退出"_s})
         choose(label);
-    call(m_item,
-         u"/StatusNotifierItem"_s,
-         u"org.kde.StatusNotifierItem.Activate"_s,
-         {u"0"_s, u"0"_s});
+    const auto activate = u"org.kde.StatusNotifierItem.Activate"_s;
+    call(m_item, u"/StatusNotifierItem"_s, activate, {u"0"_s, u"0"_s});
     EXPECT_TRUE(waitUntil([this] { return m_calls.size() == 4; }));
     EXPECT_EQ(m_calls, QStringList({u"logs"_s, u"configure"_s, u"quit"_s, u"activate"_s}));
 }
@@ -187,15 +160,15 @@ TEST_F(TrayTest, callsWhatIsChosen)
 TEST(EmbeddedTray, isFoundWheneverItComes)
 {
     for (const bool isEarly : {false, true}) {
-        EmbeddingPanel panel;
+        const XcbConnection panel([](const void *) {});
         bool isFound = false;
         if (isEarly)
-            panel.announce();
+            announceEmbeddingPanel(panel);
         X11TrayWatch watch;
         watch.start([&isFound] { isFound = true; });
         if (!isEarly) {
             EXPECT_FALSE(waitUntil([&isFound] { return isFound; }, std::chrono::milliseconds(50)));
-            panel.announce();
+            announceEmbeddingPanel(panel);
         }
         EXPECT_TRUE(waitUntil([&isFound] { return isFound; })) << isEarly;
     }
