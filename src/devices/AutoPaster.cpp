@@ -2,27 +2,31 @@
 // SPDX-License-Identifier: MIT
 #include "AutoPaster.h"
 
-#include "ClipboardWriter.h"
 #include "HushwireError.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Whether the text is now on the clipboard; for the other chord on the primary selection too.
+// Makes the text what this selection holds; whether it does, as the display tells it: another
+// program may have been quicker.
+bool place(const QString &text, QClipboard::Mode mode)
+{
+    auto *const data = new QMimeData; // the clipboard's from here on
+    data->setText(text);
+    QGuiApplication::clipboard()->setMimeData(data, mode);
+    return QGuiApplication::clipboard()->mimeData(mode) == data;
+}
+
+// The chord for terminals reads the primary selection in most of them, the clipboard in some.
 bool offer(const QString &text, PasteChord chord)
 {
-    auto *const clipboard = QGuiApplication::clipboard();
-    ClipboardWriter::copy(text);
-    if (!clipboard->ownsClipboard())
-        return false;
-    if (chord == PasteChord::ControlV || !clipboard->supportsSelection())
-        return true;
-    clipboard->setText(text, QClipboard::Selection);
-    return clipboard->ownsSelection();
+    return place(text, QClipboard::Clipboard)
+        && (chord == PasteChord::ControlV || place(text, QClipboard::Selection));
 }
 
 } // namespace
