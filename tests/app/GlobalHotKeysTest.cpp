@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "AppLogger.h"
+#include "FakeHotKeyRegistrar.h"
+#include "FakeModifierMonitor.h"
+#include "GlobalHotKeys.h"
+#include "TemporaryHome.h"
+#include "VirtualMainQueue.h"
+
+#include <QStringList>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using testing::Pair;
+
+namespace {
+
+const HotKeyConfig rightOption{61, 0x800, u"右⌥"_s};
+
+class GlobalHotKeysTest : public testing::Test
+{
+protected:
+    GlobalHotKeysTest() { m_hotKeys.installHotKeyHandler(); }
+
+    // The log's lines, without time and process.
+    QStringList log()
+    {
+        AppLogger::drain();
+        QStringList lines;
+        for (const auto &line : QString::fromUtf8(m_home.read(u".wrenfold/logs/wrenfold.log"_s))
+                                    .split(u'\n', Qt::SkipEmptyParts))
+            lines << line.section(u' ', 1, 1) + u' ' + line.section(u' ', 3);
+        return lines;
+    }
+
+    TemporaryHome m_home;
+    HotKeyConfig m_hotKey;
+    std::vector<std::string> m_actions;
+    QString m_toolTip;
+    FakeHotKeyRegistrar m_registrar;
+    FakeModifierMonitor m_monitor;
+    VirtualMainQueue m_queue;
+    GlobalHotKeys m_hotKeys{m_registrar,
+                            m_monitor,
+                            m_queue,
+                            {[this]() -> const HotKeyConfig & { return m_hotKey; },
+                             [this] { m_actions.emplace_back("toggle"); },
+                             [this] { m_actions.emplace_back("cancel"); },
+                             [this](const QString &text) { m_toolTip = text; }}};
+};
+
+TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)
+{
+    m_hotKeys.installHotKeyHandler();
+    EXPECT_EQ(m_registrar.handlersSet, 1);
+    m_hotKeys.registerHotKey();
+    m_hotKeys.registerEscapeCancelHotKey();
+    EXPECT_THAT(m_registrar.registered,
+                ElementsAre(Pair(HotKeyId::Main, Pair(49U, 0x300U)),
+                            Pair(HotKeyId::Escape, Pair(53U, 0U))));
+    for (const auto id : {HotKeyId::Main, HotKeyId::Escape, HotKeyId::Main})
+        m_registrar.press(id);
+    EXPECT_THAT(m_actions, testing::IsEmpty());
+    m_queue.runReady();
+    EXPECT_THAT(m_actions, ElementsAre("toggle", "cancel", "toggle"));
+    m_hotKeys.unregisterEscapeCancelHotKey();
+    EXPECT_FALSE(m_registrar.registered.contains(HotKeyId::Escape));
+}
+
+TEST_F(GlobalHotKeysTest, registrationIsLoggedAndShown)
+{
+    m_hotKeys.registerHotKey();
+    EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
+    m_registrar.status = 10;
+    m_hotKey = {0, 0x900, u"⌥⌘A"_s};
+    m_hotKeys.registerHotKey();
+    EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
+    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
+    m_hotKey = rightOption;
+    m_hotKeys.registerHotKey();
+    EXPECT_EQ(m_toolTip, u"Wrenfold：按 右⌥ 开始或停止录音"_s);
+    EXPECT_EQ(log(),
+              (QStringList{u"[INFO] Registering hotkey. displayName=⌘⇧Space modifierOnly=false"_s,
+                           u"[INFO] Hotkey registered. displayName=⌘⇧Space"_s,
+                           u"[INFO] Registering hotkey. displayName=⌥⌘A modifierOnly=false"_s,
+                           u"[ERROR] Hotkey registration failed. displayName=⌥⌘A status=10"_s,
+                           u"[INFO] Registering hotkey. displayName=右⌥ modifierOnly=true"_s,
+                           u"[INFO] Modifier-only hotkey monitor installed. displayName=右⌥"_s}));
+}
+
+TEST_F(GlobalHotKeysTest, onlyOneMechanismIsActive)
+{
+    m_hotKeys.registerHotKey();
+    EXPECT_FALSE(m_monitor.isRunning());
+    m_hotKey = rightOption;
+    m_hotKeys.registerHotKey();
+    EXPECT_TRUE(m_monitor.isRunning());
+    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
+    m_hotKey = {};
+    m_hotKeys.registerHotKey();
+    EXPECT_FALSE(m_monitor.isRunning());
+    EXPECT_TRUE(m_registrar.registered.contains(HotKeyId::Main));
+}
+
+TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
+{
+    using namespace ModifierFlag;
+    m_hotKey = rightOption;
+    m_hotKeys.registerHotKey();
+    const struct
+    {
+        quint32 keyCode;
+        quint32 flags;
+        std::size_t toggles; // so far
+    } rows[] = {
+        {61, option, 1}, // press
+        {61, option, 1}, // still down
+        {56, option | shift, 1}, // another modifier
+        {61, 0, 1}, // release
+        {58, option, 1}, // the left one
+        {61, option | shift, 2}, // with others held
+        {61, option, 2}, // released, but the left one is held: stays down
+        {61, option, 2},
+        {61, 0, 2},
+        {61, option, 3},
+    };
+    for (const auto &row : rows) {
+        m_monitor.send(row.keyCode, row.flags);
+        m_queue.runReady();
+        EXPECT_EQ(m_actions.size(), row.toggles);
+    }
+    // Registering again forgets that the key is down.
+    m_hotKeys.registerHotKey();
+    m_monitor.send(61, option);
+    m_hotKey = {};
+    m_queue.runReady();
+    EXPECT_EQ(m_actions.size(), 3U);
+}
+
+TEST(GlobalHotKeysLifetimeTest, queuedPressesAreDroppedWithTheObject)
+{
+    const TemporaryHome home;
+    FakeHotKeyRegistrar registrar;
+    FakeModifierMonitor monitor;
+    VirtualMainQueue queue;
+    int toggles = 0;
+    {
+        const HotKeyConfig hotKey;
+        GlobalHotKeys hotKeys(registrar,
+                              monitor,
+                              queue,
+                              {[&hotKey]() -> const HotKeyConfig & { return hotKey; },
+                               [&toggles] { ++toggles; },
+                               [] {},
+                               [](const QString &) {}});
+        hotKeys.installHotKeyHandler();
+        hotKeys.registerHotKey();
+        registrar.press(HotKeyId::Main);
+    }
+    queue.runReady();
+    EXPECT_EQ(toggles, 0);
+    EXPECT_TRUE(registrar.registered.empty());
+}
+
+} // namespace

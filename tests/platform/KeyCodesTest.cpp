@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "KeyCodes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+
+#include <linux/input-event-codes.h>
+
+namespace {
+
+TEST(KeyCodesTest, everyKeyOfADisplayHasOneCodeAndComesBack)
+{
+    std::set<quint32> codes;
+    for (quint32 kernel = 1; kernel <= KeyCodes::highestKernelCode; ++kernel) {
+        const auto code = KeyCodes::virtualKeyCode(kernel);
+        ASSERT_TRUE(code) << kernel;
+        EXPECT_EQ(KeyCodes::kernelCode(*code), kernel);
+        codes.insert(*code);
+    }
+    EXPECT_EQ(codes.size(), KeyCodes::highestKernelCode);
+    // No other number names a key.
+    for (quint32 code = 0; code < 70000; ++code)
+        EXPECT_EQ(KeyCodes::kernelCode(code).has_value(), codes.contains(code)) << code;
+    for (const quint32 kernel : {0U, 248U, 0x1d0U})
+        EXPECT_FALSE(KeyCodes::virtualKeyCode(kernel)) << kernel;
+}
+
+TEST(KeyCodesTest, keysHaveTheirKnownCodes)
+{
+    const std::pair<quint32, quint32> rows[] = {{0, KEY_A},           {9, KEY_V},
+                                                {10, KEY_102ND},      {18, KEY_1},
+                                                {22, KEY_6},          {23, KEY_5},
+                                                {36, KEY_ENTER},      {41, KEY_SEMICOLON},
+                                                {46, KEY_M},          {49, KEY_SPACE},
+                                                {50, KEY_GRAVE},      {51, KEY_BACKSPACE},
+                                                {53, KEY_ESC},        {54, KEY_RIGHTMETA},
+                                                {55, KEY_LEFTMETA},   {56, KEY_LEFTSHIFT},
+                                                {58, KEY_LEFTALT},    {59, KEY_LEFTCTRL},
+                                                {60, KEY_RIGHTSHIFT}, {61, KEY_RIGHTALT},
+                                                {62, KEY_RIGHTCTRL},  {71, KEY_NUMLOCK},
+                                                {76, KEY_KPENTER},    {82, KEY_KP0},
+                                                {93, KEY_YEN},        {94, KEY_RO},
+                                                {95, KEY_KPCOMMA},    {102, KEY_HANJA},
+                                                {104, KEY_HANGEUL},   {110, KEY_COMPOSE},
+                                                {114, KEY_INSERT},    {117, KEY_DELETE},
+                                                {122, KEY_F1},        {105, KEY_F13},
+                                                {90, KEY_F20},        {126, KEY_UP},
+                                                {355, KEY_SYSRQ},     {326, KEY_SCROLLLOCK},
+                                                {375, KEY_PAUSE},     {348, KEY_HENKAN}};
+    for (const auto &[code, kernel] : rows)
+        EXPECT_EQ(KeyCodes::kernelCode(code), kernel) << code;
+}
+
+// The Function key and numbers that macOS leaves free name no key, nor does a second number for a
+// key that has one.
+TEST(KeyCodesTest, otherNumbersNameNoKey)
+{
+    for (const quint32 code : {52U, 63U, 127U, 255U, 256U, 256U + KEY_A, 504U, 0xffffffffU})
+        EXPECT_FALSE(KeyCodes::kernelCode(code)) << code;
+}
+
+} // namespace
