@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Desktop.h"
-#include "KeyCodes.h"
 #include "Process.h"
 #include "WaitUntil.h"
 #include "X11HotKeyRegistrar.h"
@@ -9,8 +8,11 @@
 #include "X11ModifierMonitor.h"
 #include "X11SyntheticKeyboard.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QProcess>
+#include <QTimer>
 #include <QWidget>
 
 #include <gmock/gmock.h>
@@ -240,20 +242,58 @@ TEST_F(HotKeyDesktopTest, refusalsAreReportedAndLeaveNothingBehind)
     EXPECT_EQ(m_registrar.registerHotKey(HotKeyId::Escape, 49, 0x300), 10);
 }
 
+// Everything of ours on one display, which need not be there.
+struct Backends
+{
+    X11InputConnection input;
+    X11HotKeyRegistrar registrar{input};
+    X11ModifierMonitor monitor{input};
+    X11SyntheticKeyboard keyboard{input};
+
+    bool isDead()
+    {
+        registrar.unregisterHotKey(HotKeyId::Main);
+        return registrar.registerHotKey(HotKeyId::Main, 49, 0x300) == -1
+            && !monitor.start([](const KeyEvent &) {}) && !keyboard.isTrusted()
+            && !keyboard.post(PasteChord::ControlV);
+    }
+};
+
+std::unique_ptr<Backends> backendsOn(const QByteArray &display)
+{
+    const auto before = qgetenv("DISPLAY");
+    qputenv("DISPLAY", display);
+    auto backends = std::make_unique<Backends>();
+    qputenv("DISPLAY", before);
+    return backends;
+}
+
 TEST_F(HotKeyDesktopTest, withoutDisplayNothingWorksAndNothingBreaks)
 {
-    const auto display = qgetenv("DISPLAY");
-    qputenv("DISPLAY", ":987");
-    X11InputConnection input;
-    X11HotKeyRegistrar registrar(input);
-    X11ModifierMonitor monitor(input);
-    X11SyntheticKeyboard keyboard(input);
-    qputenv("DISPLAY", display);
-    EXPECT_EQ(registrar.registerHotKey(HotKeyId::Main, 49, 0x300), -1);
-    registrar.unregisterHotKey(HotKeyId::Main);
-    EXPECT_FALSE(monitor.start([](const KeyEvent &) {}));
-    EXPECT_FALSE(keyboard.isTrusted());
-    EXPECT_FALSE(keyboard.post(PasteChord::ControlV));
+    EXPECT_TRUE(backendsOn(":987")->isDead());
+}
+
+TEST_F(HotKeyDesktopTest, serverThatDiesLeavesNoBusyLoop)
+{
+    QProcess server;
+    server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
+    QByteArray number;
+    ASSERT_TRUE(waitUntil([&] { return (number += server.readAll()).endsWith('\n'); }));
+    const auto backends = backendsOn(":" + number.trimmed());
+    ASSERT_EQ(backends->registrar.registerHotKey(HotKeyId::Main, 49, 0x300), 0);
+    ASSERT_TRUE(backends->monitor.start([](const KeyEvent &) {}));
+    server.kill();
+    ASSERT_TRUE(server.waitForFinished());
+    EXPECT_TRUE(waitUntil([&] { return backends->isDead(); }));
+    // Each turn of the event loop that something wakes ends one of these waits.
+    int wakeUps = 0;
+    QElapsedTimer elapsed;
+    for (elapsed.start(); elapsed.elapsed() < 300; ++wakeUps) {
+        QTimer limit;
+        limit.start(100);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_LT(wakeUps, 50);
 }
 
 TEST_F(HotKeyDesktopTest, modifierMonitorTellsSidesAndIgnoresOurKeys)
