@@ -106,7 +106,7 @@ std::vector<quint8> Desktop::keysDown() const
     const auto keymap = owned(xcb_query_keymap_reply(m_connection.get(), request, nullptr));
     std::vector<quint8> down;
     for (unsigned key = 0; keymap && key < 256; ++key)
-        if ((keymap->keys[key / 8] >> (key % 8) & 1U) != 0)
+        if ((unsigned{keymap->keys[key / 8]} >> (key % 8) & 1U) != 0)
             down.push_back(static_cast<quint8>(key));
     return down;
 }
