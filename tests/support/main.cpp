@@ -15,7 +15,9 @@ extern "C" const char *__ubsan_default_options() // NOLINT(bugprone-reserved-ide
 }
 extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-identifier)
 {
-    return "ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1";
+    // QProcess shares its memory with the child until exec, which looks like a fork that went on.
+    return "ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1:"
+           "die_after_fork=0";
 }
 
 // Every test program's entry: an application object without a display unless one was given.
