@@ -82,7 +82,7 @@ QString DeepSeekPolisher::polish(const QString &transcript) const
         throw HushwireError::serviceFailed(u"DeepSeek 请求失败：HTTP "_s
                                            + QString::number(response.status) + u'。'
                                            + strictText(response.body));
-    const auto text = firstContent(response.body);
+    auto text = firstContent(response.body);
     if (text.isEmpty())
         throw HushwireError::responseFailed(u"DeepSeek 没有返回整理后的文本。"_s);
     return text;

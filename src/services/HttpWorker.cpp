@@ -15,8 +15,8 @@
 using namespace Qt::StringLiterals;
 
 // Without a thread at first: run() takes it over, with what was posted until then.
-HttpWorker::HttpWorker(const std::optional<QSslConfiguration> &tls)
-    : m_tls(tls)
+HttpWorker::HttpWorker(std::optional<QSslConfiguration> tls)
+    : m_tls(std::move(tls))
 {
     moveToThread(nullptr);
 }

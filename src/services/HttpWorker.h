@@ -28,7 +28,7 @@ class HttpWorker final : public QObject
 public:
     using Work = std::function<void()>;
 
-    explicit HttpWorker(const std::optional<QSslConfiguration> &tls);
+    explicit HttpWorker(std::optional<QSslConfiguration> tls);
     ~HttpWorker() override;
 
     // Queues work for the network thread; any thread. False, and dropped, once closed.

@@ -89,7 +89,7 @@ QString VolcengineFlashASR::transcribe(const QUrl &audioURL) const
     const auto response = m_session.send(request);
 
     checkStatus(response);
-    const auto text = recognisedText(response.body);
+    auto text = recognisedText(response.body);
     if (text.isEmpty())
         throw HushwireError::responseFailed(
             u"火山引擎没有返回可用文字，可能是静音、音频太短或识别失败。"_s);

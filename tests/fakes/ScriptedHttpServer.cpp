@@ -51,7 +51,7 @@ ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer,
 
 ScriptedHttpServer::~ScriptedHttpServer()
 {
-    QCoreApplication::postEvent(m_loop, new QEvent(QEvent::Quit));
+    QCoreApplication::postEvent(m_loop, std::make_unique<QEvent>(QEvent::Quit).release());
     m_thread.join();
 }
 

@@ -7,9 +7,9 @@
 #include <QSslSocket>
 
 ScriptedListener::ScriptedListener(ScriptedHttpServer::Script script,
-                                   const std::optional<QSslConfiguration> &tls)
+                                   std::optional<QSslConfiguration> tls)
     : m_script(std::move(script))
-    , m_tls(tls)
+    , m_tls(std::move(tls))
 {}
 
 std::vector<RecordedRequest> ScriptedListener::requests() const

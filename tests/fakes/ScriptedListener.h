@@ -14,8 +14,7 @@ class ScriptedListener final : public QTcpServer
 {
     Q_OBJECT
 public:
-    ScriptedListener(ScriptedHttpServer::Script script,
-                     const std::optional<QSslConfiguration> &tls);
+    ScriptedListener(ScriptedHttpServer::Script script, std::optional<QSslConfiguration> tls);
 
     [[nodiscard]] bool isTls() const { return m_tls.has_value(); }
     // Any thread.

@@ -9,8 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <csignal>
 #include <cstdio>
-#include <signal.h>
 
 using namespace Qt::StringLiterals;
 
