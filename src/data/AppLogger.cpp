@@ -8,10 +8,10 @@
 #include "SerialQueue.h"
 #include "SystemLog.h"
 
-#include <QDateTime>
 #include <QDesktopServices>
 
 #include <cstdlib>
+#include <ctime>
 #include <cxxabi.h>
 #include <memory>
 #include <typeinfo>
@@ -36,11 +36,24 @@ SerialQueue &logQueue()
     return *queue;
 }
 
+// ISO 8601 with milliseconds. Not by QDateTime, whose calendars are gone when a process that exits
+// writes its last lines.
+QString currentTime()
+{
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    tm parts = {};
+    ::gmtime_r(&now.tv_sec, &parts);
+    char seconds[24] = {};
+    std::strftime(seconds, sizeof seconds, "%Y-%m-%dT%H:%M:%S", &parts);
+    const auto milliseconds = QString::number(now.tv_nsec / 1'000'000).rightJustified(3, u'0');
+    return QLatin1StringView(seconds) + u'.' + milliseconds + u'Z';
+}
+
 void writeNow(QLatin1StringView level, const QString &message)
 {
-    const auto time = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs);
-    const QString line = time + u" ["_s + level + u"] [pid="_s + QString::number(::getpid())
-        + u"] "_s + message + u'\n';
+    const QString line = currentTime() + u" ["_s + level + u"] [pid="_s
+        + QString::number(::getpid()) + u"] "_s + message + u'\n';
     try {
         LogFile::append(line.toUtf8());
     } catch (const LocalizedError &error) {

@@ -10,7 +10,7 @@
 
 QString DataDirectory::path()
 {
-    return QDir::home().filePath(AppRuntime::configDirectoryName);
+    return QDir::homePath() + u'/' + AppRuntime::configDirectoryName;
 }
 
 QString DataDirectory::filePath(const QString &name)
@@ -20,7 +20,7 @@ QString DataDirectory::filePath(const QString &name)
 
 QString DataDirectory::legacyFilePath(const QString &name)
 {
-    return QDir::home().filePath(AppRuntime::legacyConfigDirectoryName) + u'/' + name;
+    return QDir::homePath() + u'/' + AppRuntime::legacyConfigDirectoryName + u'/' + name;
 }
 
 void DataDirectory::create()

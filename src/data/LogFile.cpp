@@ -9,7 +9,9 @@
 #include <QFile>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -18,6 +20,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// How long the system takes at most to add one line.
+constexpr auto longestWrite = std::chrono::milliseconds(10);
 
 QString oldPath()
 {
@@ -56,6 +61,23 @@ void rotate(const FileDescriptor &file)
                                       QFile::encodeName(oldPath()).constData()));
 }
 
+bool endsWithinLine(const FileDescriptor &file, qint64 size)
+{
+    char last = '\n';
+    return size > 0 && ::pread(file.get(), &last, 1, size - 1) == 1 && last != '\n';
+}
+
+// Whether a killed process left its line unfinished. Another process that is writing right now can
+// look the same, but not for long.
+bool isTorn(const FileDescriptor &file)
+{
+    const auto size = sizeOf(file);
+    if (!endsWithinLine(file, size))
+        return false;
+    std::this_thread::sleep_for(longestWrite);
+    return sizeOf(file) == size && endsWithinLine(file, size);
+}
+
 // Takes back the part of a line that still found room, unless another process wrote behind it.
 void takeBack(const FileDescriptor &file, qint64 written)
 {
@@ -90,8 +112,9 @@ void LogFile::append(const QByteArray &line)
         rotate(file);
         file = openLog();
     }
-    const auto written = SecureFile::writeSome(file, line);
-    if (written == line.size())
+    const auto text = isTorn(file) ? '\n' + line : line;
+    const auto written = SecureFile::writeSome(file, text);
+    if (written == text.size())
         return;
     const int error = errno;
     takeBack(file, written);

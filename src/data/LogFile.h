@@ -18,7 +18,8 @@ inline constexpr qint64 rotationSize = 1'000'000;
 // Creates the directory and an empty file where they are missing. Throws FileError.
 void prepare();
 
-// Adds the line, which ends in a line feed, or nothing of it. The file is opened and closed each
+// Adds the line, which ends in a line feed, or nothing of it. Behind a line that a killed process
+// left unfinished it starts a new one. The file is opened and closed each
 // time. Throws FileError.
 void append(const QByteArray &line);
 

@@ -145,7 +145,7 @@ void SecureFile::removeUnfinished(const QString &path)
 
 FileDescriptor SecureFile::openForAppending(const QString &path)
 {
-    return openRegular(path, O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW, u"open"_s);
+    return openRegular(path, O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW, u"open"_s);
 }
 
 qint64 SecureFile::writeSome(const FileDescriptor &file, const QByteArray &content)
