@@ -29,9 +29,9 @@ void say(const char *line)
     HistoryStore history;
     AppConfig config;
     for (bool isFirst = true;; isFirst = !isFirst) {
-        config.polishPrompt = QString(300'000, isFirst ? u'a' : u'b');
+        config.polishPrompt = QString(100'000, isFirst ? u'a' : u'b');
         AppConfig::save(config);
-        history.add(QString(5'000, u'语'), u"polished"_s);
+        history.add(QString(1'000, u'语'), u"polished"_s);
         AppLogger::info(QString(5'000, u'x'));
         say("saved");
     }
