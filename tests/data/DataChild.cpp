@@ -77,7 +77,6 @@ void logAtExit()
     const auto child = ::fork();
     if (child == 0) {
         AppLogger::info(u"child"_s);
-        AppLogger::drain();
         std::exit(0);
     }
     ::waitpid(child, nullptr, 0);

@@ -2,15 +2,53 @@
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
 
-#include "WaitUntil.h"
-
 #include <QDir>
+
+#include <cstdarg>
+#include <mutex>
 
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
-QList<QByteArray> DataTest::logLines() const
+namespace {
+
+std::mutex systemLogMutex;
+QStringList systemLogLines;
+
+} // namespace
+
+extern "C" void vsyslog(int /*priority*/, const char *format, va_list arguments)
+{
+    const std::lock_guard lock(systemLogMutex);
+    systemLogLines.append(QString::vasprintf(format, arguments));
+}
+
+extern "C" void syslog(int priority, const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    vsyslog(priority, format, arguments);
+    va_end(arguments);
+}
+
+// What a hardened build calls in its place.
+extern "C" void __syslog_chk(int priority, int /*flag*/, const char *format, ...) // NOLINT
+{
+    va_list arguments;
+    va_start(arguments, format);
+    vsyslog(priority, format, arguments);
+    va_end(arguments);
+}
+
+QStringList DataTest::takeSystemLogLines()
+{
+    AppLogger::drain();
+    const std::lock_guard lock(systemLogMutex);
+    return std::exchange(systemLogLines, {});
+}
+
+QByteArrayList DataTest::logLines() const
 {
     AppLogger::drain();
     auto lines = m_home.read(u".wrenfold/logs/wrenfold.log"_s).split('\n');
@@ -27,18 +65,11 @@ uint DataTest::modeOf(const QString &path)
 
 QStringList DataTest::namesIn(const QString &directory)
 {
-    return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                                     QDir::Name);
+    return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
-void startChild(QProcess &process, const QStringList &arguments)
+void DataTest::startChild(QProcess &process, const QStringList &arguments)
 {
     process.start(QStringLiteral(WRENFOLD_DATA_CHILD), arguments);
     ASSERT_TRUE(process.waitForStarted()) << qPrintable(process.errorString());
-}
-
-QByteArray nextLine(QProcess &process)
-{
-    EXPECT_TRUE(waitUntil([&] { return process.canReadLine(); }));
-    return process.readLine().trimmed();
 }

@@ -15,17 +15,17 @@ class DataTest : public testing::Test
 protected:
     ~DataTest() override { AppLogger::drain(); }
 
-    // The log's complete lines.
-    [[nodiscard]] QList<QByteArray> logLines() const;
-    // Permission bits and file names, for comparisons with literals.
+    // The log's lines, all of which must be complete.
+    [[nodiscard]] QByteArrayList logLines() const;
+    // What went to the system's log since the last call: this program defines syslog(3) itself.
+    [[nodiscard]] static QStringList takeSystemLogLines();
+
     [[nodiscard]] static uint modeOf(const QString &path);
     [[nodiscard]] static QStringList namesIn(const QString &directory);
+
+    // Starts this folder's helper program.
+    static void startChild(QProcess &process, const QStringList &arguments);
 
     TemporaryHome m_home;
     const QString m_directory = m_home.path(QStringLiteral(".wrenfold"));
 };
-
-// Starts this folder's helper program; it has started when this returns.
-void startChild(QProcess &process, const QStringList &arguments);
-// Waits for the next line of its output.
-[[nodiscard]] QByteArray nextLine(QProcess &process);

