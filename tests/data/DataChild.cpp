@@ -37,10 +37,16 @@ void say(const char *line)
     }
 }
 
-void log(const QString &name, int count)
+// On two threads at once.
+void log(const QString &process, int count)
 {
-    for (int i = 0; i < count; ++i)
-        AppLogger::info(u"%1 %2 %3"_s.arg(name).arg(i).arg(QString(100, u'.')));
+    const auto logFrom = [&](const QString &thread) {
+        for (int i = 0; i < count; ++i)
+            AppLogger::info(u"%1%2 %3 %4"_s.arg(process, thread).arg(i).arg(QString(100, u'.')));
+    };
+    std::thread other(logFrom, u"other"_s);
+    logFrom(u"main"_s);
+    other.join();
 }
 
 void crash(const QByteArray &kind)

@@ -6,18 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList numberedTerms(int count)
-{
-    QStringList terms;
-    for (int i = 0; i < count; ++i)
-        terms.append(u"term%1"_s.arg(i));
-    return terms;
-}
-
-} // namespace
-
 TEST(PersonalDictionaryConfig, CleansEachTerm)
 {
     const auto cat = u"猫"_s;
@@ -25,27 +13,20 @@ TEST(PersonalDictionaryConfig, CleansEachTerm)
         {u"  多   空格\t词 "_s, u"多 空格 词"_s},
         {u"Wi-Fi"_s, u"WiFi"_s},
         {u"Vue.js"_s, u"Vuejs"_s},
-        {u"GPT-4o"_s, u"GPT4o"_s},
-        {u"O'Neil_x"_s, u"ONeilx"_s},
         {u"《三体》"_s, u"三体"_s},
-        {u"《 三体 》"_s, u"三体"_s},
         {u"a - b"_s, u"a  b"_s},
-        {u"café"_s, u"café"_s},
         {u"cafe\u0301"_s, u"cafe"_s},
         {u"a\u00a0\u2003\u3000b"_s, u"a b"_s},
         {u"a\u200bb\u200d"_s, u"ab"_s},
         {u"々〇"_s, u"々〇"_s},
         {u"⺀⼀"_s, u"⺀⼀"_s},
-        {u"𠀀𠀁"_s, u"𠀀𠀁"_s},
         {u"Ⅳ½²"_s, u"Ⅳ½²"_s},
         {u"カタカナ ー"_s, u"カタカナ ー"_s},
         {u"日本👍🏽語"_s, u"日本語"_s},
         {u"ab"_s + QChar(0xd83d), u"ab"_s},
         {cat, {}},
         {u"X!"_s, {}},
-        {u"𠀀"_s, {}},
         {u"ก\u0e33"_s, {}},
-        {u"👍👎"_s, {}},
         {u"《》。"_s, {}},
         {u""_s, {}},
         {cat.repeated(45), cat.repeated(40)},
@@ -85,7 +66,9 @@ TEST(PersonalDictionaryConfig, ParsesFreeText)
 
 TEST(PersonalDictionaryConfig, KeepsTheFirstThreeHundred)
 {
-    const auto terms = numberedTerms(350);
+    QStringList terms;
+    for (int i = 0; i < 350; ++i)
+        terms.append(u"term%1"_s.arg(i));
     const PersonalDictionaryConfig full(QStringList{u"X!"_s} + terms);
     EXPECT_EQ(full.terms, terms.first(300));
     EXPECT_EQ(PersonalDictionaryConfig(full.terms + QStringList{u"another"_s}), full);
