@@ -8,12 +8,20 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <chrono>
+#include <thread>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-// Makes the text what this selection holds; whether it does, as the display tells it: another
-// program may have been quicker.
+// A program that copied something in the same moment is newer than the main thread knows, and the
+// display refuses us until the main thread has heard of it.
+constexpr int attempts = 10;
+constexpr auto betweenAttempts = 10ms;
+
+// Makes the text what this selection holds; whether it does, as the display tells it.
 bool place(const QString &text, QClipboard::Mode mode)
 {
     auto *const data = new QMimeData; // the clipboard's from here on
@@ -42,8 +50,16 @@ void AutoPaster::paste(const QString &text) const
     if (!m_keyboard.isTrusted())
         throw HushwireError::permissionMissing(u"需要辅助功能权限"_s);
     const auto chord = m_keyboard.pasteChordOfFocusedWindow();
-    bool isOffered = false;
-    m_mainQueue.runAndWait([&] { isOffered = offer(text, chord); });
+    const auto offerOnMainThread = [&] {
+        bool isOffered = false;
+        m_mainQueue.runAndWait([&] { isOffered = offer(text, chord); });
+        return isOffered;
+    };
+    bool isOffered = offerOnMainThread();
+    for (int i = 1; i < attempts && !isOffered; ++i) {
+        std::this_thread::sleep_for(betweenAttempts);
+        isOffered = offerOnMainThread();
+    }
     if (!isOffered)
         throw HushwireError::pasteFailed(u"写入系统剪贴板失败。"_s);
     if (!m_keyboard.post(chord))

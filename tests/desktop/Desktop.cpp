@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <ranges>
+#include <string_view>
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
@@ -96,8 +97,41 @@ void Desktop::post(quint8 key, bool isPress)
     const auto type = static_cast<quint8>(m_firstInputEvent + (isPress ? 1 : 2));
     xcb_test_fake_input(
         m_connection.get(), type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, m_keyboard);
+    roundTrip();
+}
+
+// Returns when the server has done all that was asked of it.
+void Desktop::roundTrip()
+{
     const auto barrier = xcb_get_input_focus(m_connection.get());
     owned(xcb_get_input_focus_reply(m_connection.get(), barrier, nullptr)).reset();
+}
+
+void Desktop::takeSelections()
+{
+    auto *const connection = m_connection.get();
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const auto window = xcb_generate_id(connection);
+    xcb_create_window(connection,
+                      0,
+                      window,
+                      root,
+                      0,
+                      0,
+                      1,
+                      1,
+                      0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT,
+                      0,
+                      nullptr);
+    const std::string_view name("CLIPBOARD");
+    const auto request =
+        xcb_intern_atom(connection, 0, static_cast<quint16>(name.size()), name.data());
+    const auto clipboard = owned(xcb_intern_atom_reply(connection, request, nullptr));
+    for (const xcb_atom_t selection : {clipboard->atom, xcb_atom_t{XCB_ATOM_PRIMARY}})
+        xcb_set_selection_owner(connection, window, selection, XCB_CURRENT_TIME);
+    roundTrip();
 }
 
 std::vector<quint8> Desktop::keysDown() const

@@ -61,6 +61,10 @@ public:
     // Whether the lock with this modifier bit is on.
     [[nodiscard]] bool isLocked(quint16 modifierBit) const;
 
+    // Takes the clipboard and the primary selection, as a program does in which something is
+    // copied.
+    void takeSelections();
+
     // Runs setxkbmap with these arguments.
     void setLayout(const QStringList &arguments);
 
@@ -73,6 +77,7 @@ public:
 
 private:
     void post(quint8 key, bool isPress);
+    void roundTrip();
 
     struct Disconnect
     {

@@ -4,7 +4,6 @@
 #include "BackgroundTasks.h"
 #include "Desktop.h"
 #include "EventLoopMainQueue.h"
-#include "Process.h"
 #include "TemporaryHome.h"
 #include "WaitUntil.h"
 #include "X11InputConnection.h"
@@ -107,18 +106,6 @@ protected:
         return waitUntil([&] { return m_desktop.keysDown().empty(); }, std::chrono::seconds(1));
     }
 
-    // Another program takes both selections, as a user does who copies something.
-    static void copyElsewhere()
-    {
-        for (const auto &selection : {u"clipboard"_s, u"primary"_s})
-            EXPECT_EQ(
-                runProcess(
-                    u"sh"_s,
-                    {u"-c"_s, u"echo foreign | xclip -selection $0 >/dev/null 2>&1"_s, selection})
-                    .exitCode,
-                0);
-    }
-
     // Pastes the row's text after what the editor holds, and once more with no key held.
     void pasteRow(const PasteCase &row)
     {
@@ -139,7 +126,7 @@ protected:
             m_desktop.setLayout({u"us"_s});
         m_expected += row.text;
         ASSERT_TRUE(holds(m_expected)) << m_home.read(u"text.txt"_s).right(500).toStdString();
-        copyElsewhere();
+        m_desktop.takeSelections();
         paste(shortText);
         m_expected += shortText;
         EXPECT_TRUE(isNoKeyDown());
