@@ -135,9 +135,11 @@ double DictationBenchmark::curlToLastByte(const std::string &bodyFile)
 double DictationBenchmark::glueToText()
 {
     const std::string text = InstantServices::polishedText;
-    const ChildProcess glue(
+    ChildProcess glue(
         {"sh",
          "-c",
          "printf %s '" + text + "' | xclip -selection clipboard && exec xdotool key ctrl+v"});
-    return milliseconds(glue.startedAt(), m_window.waitForText(QString::fromStdString(text)));
+    const auto arrival = m_window.waitForText(QString::fromStdString(text));
+    glue.waitForExit(); // or its keys stay down
+    return milliseconds(glue.startedAt(), arrival);
 }

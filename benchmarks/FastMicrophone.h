@@ -15,7 +15,7 @@ public:
     FastMicrophone(const FastMicrophone &) = delete;
     FastMicrophone &operator=(const FastMicrophone &) = delete;
 
-    // Says so many bytes of 16 kHz mono 16-bit sound, at fifty times the speed of speech.
+    // Says so many bytes of 16 kHz mono 16-bit sound, as fast as the server takes them.
     void speak(std::uintmax_t bytes) const;
 
 private:

@@ -5,6 +5,7 @@
 #include "FastMicrophone.h"
 #include "ProcessFigures.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
@@ -188,24 +189,46 @@ void ProcessBenchmark::measureTermination()
 
 void ProcessBenchmark::measureLongRecording()
 {
-    constexpr std::uintmax_t halfAnHour = 30ULL * 60 * 32000;
     const auto application = startApplication();
+    const auto process = application->pid();
     std::this_thread::sleep_for(settling);
-    const auto idle = ProcessFigures::memory(application->pid()).resident;
+    const auto atLaunch = ProcessFigures::memory(process).resident;
+
+    // The first dictation loads fonts and the network's libraries, however short it is.
+    record();
+    m_hotKey.press();
+    m_log.waitFor("Processing timing.");
+    std::this_thread::sleep_for(settling);
+    const auto afterShortOne = ProcessFigures::memory(process).resident;
+    const auto shortPeak = ProcessFigures::peakResident(process);
+    ProcessFigures::resetPeakResident(process);
+
+    recordHalfAnHour();
+    m_hotKey.press();
+    m_log.waitFor("Processing timing.");
+    const auto peak = ProcessFigures::peakResident(process);
+    m_results.add({.name = "30 minutes: peak memory over idle at launch",
+                   .unit = "MB",
+                   .values = {megabytes(std::max(peak, shortPeak) - atLaunch)},
+                   .goal = Measurement::Goal{.limit = 10, .isRatio = false}});
+    m_results.add({.name = "30 minutes: peak memory over idle after a short one",
+                   .unit = "MB",
+                   .values = {megabytes(peak - afterShortOne)}});
+}
+
+// Half an hour of sound, in seconds.
+void ProcessBenchmark::recordHalfAnHour()
+{
+    constexpr std::uintmax_t second = 32000;
+    constexpr std::uintmax_t halfAnHour = 30 * 60 * second;
     const FastMicrophone microphone;
     const Application::Recordings recordings;
     m_hotKey.press();
     m_log.waitFor("Recording started.");
-    microphone.speak(halfAnHour);
-    // The server may hold back the last of it.
-    recordings.waitForBytes(halfAnHour - 32000);
-    m_hotKey.press();
-    m_log.waitFor("Processing timing.");
-    const auto peak = ProcessFigures::peakResident(application->pid());
-    m_results.add({.name = "Peak over idle memory, dictation of 30 minutes",
-                   .unit = "MB",
-                   .values = {megabytes(peak - idle)},
-                   .goal = Measurement::Goal{.limit = 10, .isRatio = false}});
+    for (auto said = second; said <= halfAnHour; said += second) {
+        microphone.speak(second);
+        recordings.waitForBytes(said - second / 2); // the server may hold back the last of it
+    }
 }
 
 std::unique_ptr<ChildProcess> ProcessBenchmark::startApplication()

@@ -29,6 +29,7 @@ private:
     // Starts the application and returns when it is ready.
     std::unique_ptr<ChildProcess> startApplication();
     void record();
+    void recordHalfAnHour();
     static double terminate(ChildProcess &application);
     static double cpuShare(const ChildProcess &application);
 

@@ -66,6 +66,6 @@ Application::Recordings::Recordings()
 
 Instant Application::Recordings::waitForBytes(std::uintmax_t count) const
 {
-    m_watch.waitUntil([&] { return recordedBytes(m_folder) >= count; }, std::chrono::minutes(5));
+    m_watch.waitUntil([&] { return recordedBytes(m_folder) >= count; }, std::chrono::minutes(2));
     return Clock::now();
 }
