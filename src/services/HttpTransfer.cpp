@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "HttpTransfer.h"
 
+#include "TcpSockets.h"
+
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 
@@ -74,6 +76,8 @@ void HttpTransfer::start(QNetworkAccessManager &manager, const QNetworkRequest &
     connect(m_reply.get(), &QNetworkReply::readyRead, this, &HttpTransfer::takeReceived);
     connect(m_reply.get(), &QNetworkReply::metaDataChanged, this, &HttpTransfer::noteProgress);
     connect(m_reply.get(), &QNetworkReply::finished, this, &HttpTransfer::finish);
+    // The first part of the request is out: only now is its connection known to exist.
+    connect(m_reply.get(), &QNetworkReply::requestSent, this, &TcpSockets::sendWithoutDelay);
     noteProgress();
     m_inactivityTimer.start(m_inactivityLimit);
 }

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QTcpServer>
+#include <QTcpSocket>
 
 #include <future>
 #include <gtest/gtest.h>
@@ -112,6 +113,19 @@ INSTANTIATE_TEST_SUITE_P(
                      testing::Bool(),
                      testing::Values(2, 300'000)),
     nameOf);
+
+// The session's own sockets cannot be reached, but what it does for them it does for all.
+TEST(HttpSession, SendsSmallSegmentsWithoutDelay)
+{
+    const ScriptedHttpServer server(ScriptedAnswer{});
+    QTcpSocket witness;
+    witness.connectToHost(QHostAddress::LocalHost, server.port());
+    ASSERT_TRUE(witness.waitForConnected());
+    HttpSession session;
+    ASSERT_EQ(sent(session, requestTo(server.url())), u"= 200 "_s);
+    EXPECT_TRUE(waitUntil(
+        [&] { return witness.socketOption(QAbstractSocket::LowDelayOption).toInt() == 1; }));
+}
 
 TEST(HttpSession, ReportsServersThatCannotBeReached)
 {
