@@ -127,9 +127,9 @@ void DictationSession::beginRecording()
 // Off the main thread.
 void DictationSession::startRecording()
 {
-    if (!checkMicrophonePermission())
-        return;
     const auto microphone = m_recorder.microphoneName();
+    if (!checkMicrophonePermission(microphone))
+        return;
     std::exception_ptr failure;
     m_mainQueue.runAndWait([this, &failure] {
         try {
@@ -152,12 +152,12 @@ void DictationSession::startRecording()
 }
 
 // Off the main thread.
-bool DictationSession::checkMicrophonePermission()
+bool DictationSession::checkMicrophonePermission(const QString &microphone)
 {
     const bool isGranted = m_recorder.requestPermission();
     AppLogger::info("Microphone permission checked. granted="_L1 + flagText(isGranted)
                     + " status="_L1 + m_recorder.permissionStatusDescription() + " input="_L1
-                    + m_recorder.microphoneName());
+                    + microphone);
     if (isGranted)
         return true;
     AppLogger::warning(u"Microphone permission denied."_s);

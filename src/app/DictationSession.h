@@ -61,7 +61,7 @@ public:
 private:
     void beginRecording();
     void startRecording();
-    [[nodiscard]] bool checkMicrophonePermission();
+    [[nodiscard]] bool checkMicrophonePermission(const QString &microphone);
     void enterRecording(const QString &microphone);
     void finishRecording();
     void leaveRecording();
