@@ -70,7 +70,7 @@ TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)
     EXPECT_FALSE(m_registrar.registered.contains(HotKeyId::Escape));
 }
 
-TEST_F(GlobalHotKeysTest, registrationIsLoggedAndShown)
+TEST_F(GlobalHotKeysTest, oneMechanismIsActiveLoggedAndShown)
 {
     m_hotKeys.registerHotKey();
     EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
@@ -79,8 +79,11 @@ TEST_F(GlobalHotKeysTest, registrationIsLoggedAndShown)
     m_hotKeys.registerHotKey();
     EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
     EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
+    m_registrar.status = 0;
     m_hotKey = rightOption;
     m_hotKeys.registerHotKey();
+    EXPECT_TRUE(m_monitor.isRunning());
+    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
     EXPECT_EQ(m_toolTip, u"Wrenfold：按 右⌥ 开始或停止录音"_s);
     EXPECT_EQ(log(),
               (QStringList{u"[INFO] Registering hotkey. displayName=⌘⇧Space modifierOnly=false"_s,
@@ -89,16 +92,6 @@ TEST_F(GlobalHotKeysTest, registrationIsLoggedAndShown)
                            u"[ERROR] Hotkey registration failed. displayName=⌥⌘A status=10"_s,
                            u"[INFO] Registering hotkey. displayName=右⌥ modifierOnly=true"_s,
                            u"[INFO] Modifier-only hotkey monitor installed. displayName=右⌥"_s}));
-}
-
-TEST_F(GlobalHotKeysTest, onlyOneMechanismIsActive)
-{
-    m_hotKeys.registerHotKey();
-    EXPECT_FALSE(m_monitor.isRunning());
-    m_hotKey = rightOption;
-    m_hotKeys.registerHotKey();
-    EXPECT_TRUE(m_monitor.isRunning());
-    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
     m_hotKey = {};
     m_hotKeys.registerHotKey();
     EXPECT_FALSE(m_monitor.isRunning());

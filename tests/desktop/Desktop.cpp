@@ -145,14 +145,6 @@ std::vector<quint8> Desktop::keysDown() const
     return down;
 }
 
-bool Desktop::isLocked(quint16 modifierBit) const
-{
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
-    const auto request = xcb_query_pointer(m_connection.get(), root);
-    const auto pointer = owned(xcb_query_pointer_reply(m_connection.get(), request, nullptr));
-    return (pointer->mask & modifierBit) != 0;
-}
-
 void Desktop::setLayout(const QStringList &arguments)
 {
     m_isLayoutChanged = true;

@@ -58,8 +58,6 @@ public:
     void tap(const std::vector<quint8> &chord);
     // What the whole display takes to be down.
     [[nodiscard]] std::vector<quint8> keysDown() const;
-    // Whether the lock with this modifier bit is on.
-    [[nodiscard]] bool isLocked(quint16 modifierBit) const;
 
     // Takes the clipboard and the primary selection, as a program does in which something is
     // copied.

@@ -45,8 +45,7 @@ struct PasteCase
     QByteArray text = shortText;
     QStringList layout = {};
     std::vector<quint8> held = {};
-    std::vector<quint8> locks = {};
-    bool isSecondLayout = false; // switched to with Scroll Lock
+    std::vector<quint8> locks = {}; // tapped before and after
 };
 
 // Notices that an application asks for the text we offer: it has taken the keys then.
@@ -113,8 +112,6 @@ protected:
             m_desktop.setLayout(row.layout);
         for (const auto key : row.locks)
             m_desktop.tap({key});
-        if (row.isSecondLayout)
-            m_desktop.tap({Key::scrollLock});
         for (const auto key : row.held)
             m_desktop.press(key);
         paste(row.text);
