@@ -30,8 +30,8 @@ void replace(const QString &path,
 // Removes what a process that died within replace() left beside the file. Never throws.
 void removeUnfinished(const QString &path);
 
-// Opens a regular file, created when missing, to read it and add to its end; its mode becomes 0600. A link in
-// the file's place is refused.
+// Opens a regular file, created when missing, to read it and add to its end; its mode becomes 0600.
+// A link in the file's place is refused.
 [[nodiscard]] FileDescriptor openForAppending(const QString &path);
 
 // Writes the bytes and returns how many were written; when fewer than all, errno says why.
