@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "AppDelegate.h"
-#include "AppLogger.h"
 #include "FakeAudioSystem.h"
 #include "FakeHotKeyRegistrar.h"
 #include "FakeModifierMonitor.h"
 #include "FakeSyntheticKeyboard.h"
-#include "TemporaryHome.h"
+#include "LoggedLines.h"
 #include "WaitUntil.h"
 
 #include <QApplication>
@@ -58,11 +57,7 @@ protected:
         delegate->applicationDidFinishLaunching();
     }
 
-    QString log() const
-    {
-        AppLogger::drain();
-        return QString::fromUtf8(home.read(u".wrenfold/logs/wrenfold.log"_s));
-    }
+    QString log() const { return loggedLines(home).join(u'\n') + u'\n'; }
 
     static AppConfig stored() { return AppConfig::loadOrCreateTemplate().config; }
 
@@ -94,12 +89,13 @@ TEST_F(AppDelegateTest, SavesAndAppliesWhatTheWindowReports)
     EXPECT_EQ(config.polishPrompt, u"文案"_s);
     EXPECT_EQ(config.personalDictionary.terms, QStringList({u"DeepSeek"_s, u"Qt 6"_s}));
     EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(40U, 0x1800U));
-    for (const auto &line : {u"API keys saved. doubaoKeySet=true deepSeekKeySet=false"_s,
-                             u"Hotkey saved. displayName=⌃⌥K"_s,
-                             u"Hotkey registered. displayName=⌃⌥K"_s,
-                             u"Prompt settings saved. selectedID=builtin.script"_s,
-                             u"Personal dictionary saved. terms=2"_s})
-        EXPECT_TRUE(log().contains(line)) << qPrintable(line);
+    EXPECT_TRUE(log().endsWith(u"INFO API keys saved. doubaoKeySet=true deepSeekKeySet=false\n"
+                               "INFO Hotkey saved. displayName=⌃⌥K\n"
+                               "INFO Registering hotkey. displayName=⌃⌥K modifierOnly=false\n"
+                               "INFO Hotkey registered. displayName=⌃⌥K\n"
+                               "INFO Prompt settings saved. selectedID=builtin.script\n"
+                               "INFO Personal dictionary saved. terms=2\n"_s))
+        << qPrintable(log());
 }
 
 TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
@@ -107,17 +103,17 @@ TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
     launch();
     QFile::remove(home.path(u".wrenfold/config.json"_s));
     ASSERT_TRUE(QDir().mkpath(home.path(u".wrenfold/config.json/in-the-way"_s)));
+    auto &window = delegate->mainWindow();
     const std::pair<std::function<void()>, QString> rows[] = {
-        {[&] { delegate->updateAPIKeys(u"voice"_s, u"polish"_s); }, u"API key save failed."_s},
-        {[&] { delegate->updateHotKey(controlOptionK); }, u"Hotkey save failed."_s},
-        {[&] { delegate->updatePromptSettings(scriptPrompt, u"文案"_s); },
-         u"Prompt settings save failed."_s},
-        {[&] { delegate->updatePersonalDictionary(PersonalDictionaryConfig({u"Qt 6"_s})); },
-         u"Personal dictionary save failed."_s},
+        {[&] { window.onAPIKeysSave(u"voice"_s, u"polish"_s); }, u"API key"_s},
+        {[&] { window.onHotKeyChange(controlOptionK); }, u"Hotkey"_s},
+        {[&] { window.onPromptSettingsChange(scriptPrompt, u"文案"_s); }, u"Prompt settings"_s},
+        {[&] { window.onPersonalDictionaryChange({}); }, u"Personal dictionary"_s},
     };
     for (const auto &[change, line] : rows) {
         change();
-        EXPECT_TRUE(log().contains(line + u" error="_s)) << qPrintable(line);
+        EXPECT_TRUE(log().contains(u"\nERROR "_s + line + u" save failed. error="_s))
+            << qPrintable(line);
         auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         ASSERT_NE(alert, nullptr) << qPrintable(line);
         EXPECT_EQ(alert->text(), u"Wrenfold"_s);
@@ -136,8 +132,7 @@ TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadLeavesTheDefaultsAndTheFil
     launch();
     EXPECT_EQ(delegate->config(), AppConfig());
     EXPECT_EQ(home.read(u".wrenfold/config.json"_s), "{\"hotKey\": 1}");
-    EXPECT_TRUE(log().contains(u"[ERROR]"_s));
-    EXPECT_TRUE(log().contains(u"Config load failed. error="_s));
+    EXPECT_TRUE(log().contains(u"\nERROR Config load failed. error="_s));
     delegate->updateAPIKeys(u"voice"_s, u""_s);
     EXPECT_EQ(stored(), delegate->config());
 }
@@ -145,7 +140,7 @@ TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadLeavesTheDefaultsAndTheFil
 TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)
 {
     launch(false);
-    EXPECT_TRUE(log().contains(u"[WARN]"_s));
+    EXPECT_TRUE(log().contains(u"\nWARN "_s));
     ASSERT_TRUE(waitUntil([this] { return !browser.opened.isEmpty(); }));
     QFile page(browser.opened.constFirst().toLocalFile());
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "AppLogger.h"
 #include "FakeHotKeyRegistrar.h"
 #include "FakeModifierMonitor.h"
 #include "GlobalHotKeys.h"
-#include "TemporaryHome.h"
+#include "LoggedLines.h"
 #include "VirtualMainQueue.h"
 
 #include <QStringList>
@@ -23,18 +22,7 @@ const HotKeyConfig rightOption{61, 0x800, u"右⌥"_s};
 class GlobalHotKeysTest : public testing::Test
 {
 protected:
-    GlobalHotKeysTest() { m_hotKeys.installHotKeyHandler(); }
-
-    // The log's lines, without time and process.
-    QStringList log()
-    {
-        AppLogger::drain();
-        QStringList lines;
-        for (const auto &line : QString::fromUtf8(m_home.read(u".wrenfold/logs/wrenfold.log"_s))
-                                    .split(u'\n', Qt::SkipEmptyParts))
-            lines << line.section(u' ', 1, 1) + u' ' + line.section(u' ', 3);
-        return lines;
-    }
+    GlobalHotKeysTest() { m_hotKeys->installHotKeyHandler(); }
 
     TemporaryHome m_home;
     HotKeyConfig m_hotKey;
@@ -43,21 +31,22 @@ protected:
     FakeHotKeyRegistrar m_registrar;
     FakeModifierMonitor m_monitor;
     VirtualMainQueue m_queue;
-    GlobalHotKeys m_hotKeys{m_registrar,
-                            m_monitor,
-                            m_queue,
-                            {[this]() -> const HotKeyConfig & { return m_hotKey; },
-                             [this] { m_actions.emplace_back("toggle"); },
-                             [this] { m_actions.emplace_back("cancel"); },
-                             [this](const QString &text) { m_toolTip = text; }}};
+    std::unique_ptr<GlobalHotKeys> m_hotKeys = std::make_unique<GlobalHotKeys>(
+        m_registrar,
+        m_monitor,
+        m_queue,
+        GlobalHotKeys::Callbacks{[this]() -> const HotKeyConfig & { return m_hotKey; },
+                                 [this] { m_actions.emplace_back("toggle"); },
+                                 [this] { m_actions.emplace_back("cancel"); },
+                                 [this](const QString &text) { m_toolTip = text; }});
 };
 
 TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)
 {
-    m_hotKeys.installHotKeyHandler();
+    m_hotKeys->installHotKeyHandler();
     EXPECT_EQ(m_registrar.handlersSet, 1);
-    m_hotKeys.registerHotKey();
-    m_hotKeys.registerEscapeCancelHotKey();
+    m_hotKeys->registerHotKey();
+    m_hotKeys->registerEscapeCancelHotKey();
     EXPECT_THAT(m_registrar.registered,
                 ElementsAre(Pair(HotKeyId::Main, Pair(49U, 0x300U)),
                             Pair(HotKeyId::Escape, Pair(53U, 0U))));
@@ -66,49 +55,52 @@ TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)
     EXPECT_THAT(m_actions, testing::IsEmpty());
     m_queue.runReady();
     EXPECT_THAT(m_actions, ElementsAre("toggle", "cancel", "toggle"));
-    m_hotKeys.unregisterEscapeCancelHotKey();
+    m_hotKeys->unregisterEscapeCancelHotKey();
     EXPECT_FALSE(m_registrar.registered.contains(HotKeyId::Escape));
+    // What is still queued when the object goes never runs.
+    m_registrar.press(HotKeyId::Main);
+    m_hotKeys.reset();
+    m_queue.runReady();
+    EXPECT_EQ(m_actions.size(), 3U);
+    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
 }
 
 TEST_F(GlobalHotKeysTest, oneMechanismIsActiveLoggedAndShown)
 {
-    m_hotKeys.registerHotKey();
+    m_hotKeys->registerHotKey();
     EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
+    EXPECT_FALSE(m_monitor.isRunning());
     m_registrar.status = 10;
     m_hotKey = {0, 0x900, u"⌥⌘A"_s};
-    m_hotKeys.registerHotKey();
+    m_hotKeys->registerHotKey();
     EXPECT_EQ(m_toolTip, u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
     EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
     m_registrar.status = 0;
     m_hotKey = rightOption;
-    m_hotKeys.registerHotKey();
+    m_hotKeys->registerHotKey();
+    EXPECT_EQ(m_toolTip, u"Wrenfold：按 右⌥ 开始或停止录音"_s);
     EXPECT_TRUE(m_monitor.isRunning());
     EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
-    EXPECT_EQ(m_toolTip, u"Wrenfold：按 右⌥ 开始或停止录音"_s);
-    EXPECT_EQ(log(),
-              (QStringList{u"[INFO] Registering hotkey. displayName=⌘⇧Space modifierOnly=false"_s,
-                           u"[INFO] Hotkey registered. displayName=⌘⇧Space"_s,
-                           u"[INFO] Registering hotkey. displayName=⌥⌘A modifierOnly=false"_s,
-                           u"[ERROR] Hotkey registration failed. displayName=⌥⌘A status=10"_s,
-                           u"[INFO] Registering hotkey. displayName=右⌥ modifierOnly=true"_s,
-                           u"[INFO] Modifier-only hotkey monitor installed. displayName=右⌥"_s}));
     m_hotKey = {};
-    m_hotKeys.registerHotKey();
+    m_hotKeys->registerHotKey();
     EXPECT_FALSE(m_monitor.isRunning());
     EXPECT_TRUE(m_registrar.registered.contains(HotKeyId::Main));
+    EXPECT_EQ(loggedLines(m_home).first(6),
+              (QStringList{u"INFO Registering hotkey. displayName=⌘⇧Space modifierOnly=false"_s,
+                           u"INFO Hotkey registered. displayName=⌘⇧Space"_s,
+                           u"INFO Registering hotkey. displayName=⌥⌘A modifierOnly=false"_s,
+                           u"ERROR Hotkey registration failed. displayName=⌥⌘A status=10"_s,
+                           u"INFO Registering hotkey. displayName=右⌥ modifierOnly=true"_s,
+                           u"INFO Modifier-only hotkey monitor installed. displayName=右⌥"_s}));
 }
 
 TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
 {
     using namespace ModifierFlag;
     m_hotKey = rightOption;
-    m_hotKeys.registerHotKey();
-    const struct
-    {
-        quint32 keyCode;
-        quint32 flags;
-        std::size_t toggles; // so far
-    } rows[] = {
+    m_hotKeys->registerHotKey();
+    // Key, flags and the toggles so far.
+    const std::tuple<quint32, quint32, std::size_t> rows[] = {
         {61, option, 1}, // press
         {61, option, 1}, // still down
         {56, option | shift, 1}, // another modifier
@@ -120,42 +112,17 @@ TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
         {61, 0, 2},
         {61, option, 3},
     };
-    for (const auto &row : rows) {
-        m_monitor.send(row.keyCode, row.flags);
+    for (const auto &[keyCode, flags, toggles] : rows) {
+        m_monitor.send(keyCode, flags);
         m_queue.runReady();
-        EXPECT_EQ(m_actions.size(), row.toggles);
+        EXPECT_EQ(m_actions.size(), toggles);
     }
     // Registering again forgets that the key is down.
-    m_hotKeys.registerHotKey();
+    m_hotKeys->registerHotKey();
     m_monitor.send(61, option);
     m_hotKey = {};
     m_queue.runReady();
     EXPECT_EQ(m_actions.size(), 3U);
-}
-
-TEST(GlobalHotKeysLifetimeTest, queuedPressesAreDroppedWithTheObject)
-{
-    const TemporaryHome home;
-    FakeHotKeyRegistrar registrar;
-    FakeModifierMonitor monitor;
-    VirtualMainQueue queue;
-    int toggles = 0;
-    {
-        const HotKeyConfig hotKey;
-        GlobalHotKeys hotKeys(registrar,
-                              monitor,
-                              queue,
-                              {[&hotKey]() -> const HotKeyConfig & { return hotKey; },
-                               [&toggles] { ++toggles; },
-                               [] {},
-                               [](const QString &) {}});
-        hotKeys.installHotKeyHandler();
-        hotKeys.registerHotKey();
-        registrar.press(HotKeyId::Main);
-    }
-    queue.runReady();
-    EXPECT_EQ(toggles, 0);
-    EXPECT_TRUE(registrar.registered.empty());
 }
 
 } // namespace

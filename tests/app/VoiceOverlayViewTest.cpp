@@ -21,23 +21,8 @@ protected:
         return image;
     }
 
-    QImage drawAtLevel(qreal level)
-    {
-        m_view.updateLevel(level);
-        return draw();
-    }
-
     VirtualMainQueue m_queue;
     VoiceOverlayView m_view{m_queue};
-};
-
-struct Probe
-{
-    VoiceOverlayMode mode;
-    int ticks; // of the animation
-    QPoint point;
-    int grey; // 0 to 255
-    int alpha;
 };
 
 } // namespace
@@ -47,7 +32,8 @@ TEST_F(VoiceOverlayViewTest, drawsItsShapesInTheirPlacesAndGreys)
     const auto recording = VoiceOverlayMode::recording(u"麦"_s);
     const auto typing = VoiceOverlayMode::typing(u"正在识别"_s);
     const auto status = VoiceOverlayMode::status(u"已取消"_s);
-    const Probe probes[] = {
+    // Mode, ticks of the animation, point, grey (0 to 255) and alpha.
+    const std::tuple<VoiceOverlayMode, int, QPoint, int, int> probes[] = {
         {recording, 0, {1, 1}, 0, 0}, // nothing
         {recording, 0, {36, 20}, 18, 246}, // caption
         {recording, 0, {120, 6}, 38, 247}, // its outline
@@ -65,13 +51,12 @@ TEST_F(VoiceOverlayViewTest, drawsItsShapesInTheirPlacesAndGreys)
         {status, 0, {60, 41}, 0, 0},
     };
     m_view.startAnimating();
-    for (const auto &probe : probes) {
-        m_view.setMode(probe.mode);
-        m_queue.advance(probe.ticks * 33ms);
-        const auto color = draw().pixelColor(probe.point);
-        const auto where = probe.point.x() * 1000 + probe.point.y();
-        EXPECT_NEAR(color.red(), probe.grey, 4) << where << " after " << probe.ticks;
-        EXPECT_NEAR(color.alpha(), probe.alpha, 4) << where << " after " << probe.ticks;
+    for (const auto &[mode, ticks, point, grey, alpha] : probes) {
+        m_view.setMode(mode);
+        m_queue.advance(ticks * 33ms);
+        const auto color = draw().pixelColor(point);
+        EXPECT_NEAR(color.red(), grey, 4) << point.x() << ' ' << point.y() << " after " << ticks;
+        EXPECT_NEAR(color.alpha(), alpha, 4) << point.x() << ' ' << point.y() << " after " << ticks;
         EXPECT_EQ(color.red(), color.blue());
     }
 }
@@ -79,11 +64,15 @@ TEST_F(VoiceOverlayViewTest, drawsItsShapesInTheirPlacesAndGreys)
 TEST_F(VoiceOverlayViewTest, holdsTheLevelInItsRange)
 {
     const auto first = draw();
-    EXPECT_EQ(drawAtLevel(0.32), first);
-    const auto lowest = drawAtLevel(0.12);
-    const auto highest = drawAtLevel(1);
-    EXPECT_EQ(drawAtLevel(-3), lowest);
-    EXPECT_EQ(drawAtLevel(7), highest);
+    const auto at = [this](qreal level) {
+        m_view.updateLevel(level);
+        return draw();
+    };
+    EXPECT_EQ(at(0.32), first);
+    const auto lowest = at(0.12);
+    const auto highest = at(1);
+    EXPECT_EQ(at(-3), lowest);
+    EXPECT_EQ(at(7), highest);
     // The middle bar: 18 * (0.22 + level * amplitude of the first frame).
     EXPECT_LT(lowest.pixelColor(123, 48).red(), 60);
     EXPECT_GT(first.pixelColor(123, 50).red(), 200);
@@ -106,13 +95,13 @@ TEST_F(VoiceOverlayViewTest, movesOnlyWhileAnimating)
 
 TEST_F(VoiceOverlayViewTest, keepsTheBeginningOfALongCaption)
 {
+    const auto captioned = [this](int first, int second) {
+        m_view.setMode(VoiceOverlayMode::recording(QString(first, u'口') + QString(second, u'二')));
+        return draw();
+    };
     const auto beginning = QRect(20, 6, 140, 28);
-    m_view.setMode(VoiceOverlayMode::recording(QString(60, u'口')));
-    const auto image = draw();
-    m_view.setMode(VoiceOverlayMode::recording(QString(400, u'口')));
-    EXPECT_EQ(draw(), image);
-    m_view.setMode(VoiceOverlayMode::recording(QString(9, u'口') + QString(60, u'二')));
-    EXPECT_EQ(draw().copy(beginning), image.copy(beginning));
-    m_view.setMode(VoiceOverlayMode::recording({}));
-    EXPECT_EQ(draw().copy(210, 0, 30, 76), image.copy(210, 0, 30, 76)) << "beside the caption";
+    const auto image = captioned(60, 0);
+    EXPECT_EQ(captioned(400, 0), image);
+    EXPECT_EQ(captioned(9, 60).copy(beginning), image.copy(beginning));
+    EXPECT_EQ(captioned(0, 0).copy(210, 0, 30, 76), image.copy(210, 0, 30, 76));
 }

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "AppLogger.h"
 #include "AudioRecorder.h"
 #include "FakeAudioSystem.h"
-#include "HushwireError.h"
-#include "TemporaryHome.h"
+#include "LoggedLines.h"
+#include "Outcome.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -13,24 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr auto recordingName =
-    "^wrenfold-[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\.wav$"_L1;
-
-QString recordingFailure(const std::function<void()> &operation)
-{
-    try {
-        operation();
-    } catch (const HushwireError &error) {
-        EXPECT_EQ(error.kind(), HushwireError::Kind::RecordingFailed);
-        return error.localizedDescription();
-    }
-    return u"no failure"_s;
-}
-
-} // namespace
-
 class AudioRecorderTest : public testing::Test
 {
 protected:
@@ -38,12 +19,13 @@ protected:
     {
         return QDir(m_home.runtimePath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
-    // The log's last line without its time stamp; empty when nothing was logged.
-    QString lastLogLine() const
+    std::string start()
     {
-        AppLogger::drain();
-        const QString log = QString::fromUtf8(m_home.read(u".wrenfold/logs/wrenfold.log"_s));
-        return log.trimmed().section(u'\n', -1).section(u"] "_s, 2);
+        return outcome([this] { return m_recorder.start().fileName(); });
+    }
+    std::string stop()
+    {
+        return outcome([this] { return m_recorder.stop().fileName(); });
     }
 
     TemporaryHome m_home;
@@ -53,78 +35,58 @@ protected:
 
 TEST_F(AudioRecorderTest, RecordsIntoANewPrivateFileEachTime)
 {
-    const QUrl first = m_recorder.start();
-    EXPECT_EQ(lastLogLine(),
-              u"AVAudioRecorder start result. prepared=true started=true"
-              " tempDirectoryWritable=true permission=authorized input=Fake Microphone"_s);
-    EXPECT_EQ(m_recorder.stop(), first);
+    const auto first = start();
+    EXPECT_EQ(stop(), first);
     EXPECT_EQ(m_system.recordingsInProgress, 0);
-    const QUrl second = m_recorder.start();
-    EXPECT_EQ(m_recorder.stop(), second);
+    const auto second = start();
     EXPECT_NE(first, second);
-    for (const auto &url : {first, second}) {
-        EXPECT_EQ(QFileInfo(url.toLocalFile()).path(), m_home.runtimePath());
-        EXPECT_TRUE(QRegularExpression(recordingName).match(url.fileName()).hasMatch());
-        EXPECT_EQ(QFileInfo(url.toLocalFile()).size(), 44);
+    EXPECT_EQ(stop(), second);
+    EXPECT_EQ(stop(), "recordingFailed: 当前没有正在进行的录音。");
+    for (const auto &name : files()) {
+        EXPECT_TRUE(name.contains(
+            QRegularExpression(u"^wrenfold-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.wav$"_s)));
+        EXPECT_EQ(QFileInfo(m_home.runtimePath(name)).size(), 44);
     }
-    EXPECT_EQ(recordingFailure([this] { m_recorder.stop(); }), u"当前没有正在进行的录音。"_s);
+    EXPECT_EQ(files().size(), 2);
+    EXPECT_EQ(loggedLines(m_home).last(),
+              u"INFO AVAudioRecorder start result. prepared=true started=true"
+              " tempDirectoryWritable=true permission=authorized input=Fake Microphone"_s);
 }
 
 TEST_F(AudioRecorderTest, RefusedRecordingIsLoggedAndLeavesNothing)
 {
-    struct Case
-    {
-        bool canPrepare;
-        bool canRecord;
-        MicrophonePermission permission;
-        const char16_t *inputName;
-        const char16_t *line;
-    };
-    const Case cases[] = {
-        {false,
-         true,
-         MicrophonePermission::Denied,
-         u"",
-         u"prepared=false started=false tempDirectoryWritable=true permission=denied"
-         " input=默认麦克风"},
+    using Permission = MicrophonePermission;
+    const auto line = u"INFO AVAudioRecorder start result. prepared=%1 started=false "
+                      "tempDirectoryWritable=true permission=%2"_s;
+    const std::tuple<bool, bool, Permission, QString, QString> rows[] = {
+        {false, true, Permission::Denied, {}, line.arg(u"false"_s, u"denied input=默认麦克风"_s)},
         {true,
          false,
-         MicrophonePermission::Restricted,
-         u"%1",
-         u"prepared=true started=false tempDirectoryWritable=true permission=restricted input=%1"},
+         Permission::Restricted,
+         u"%1"_s,
+         line.arg(u"true"_s, u"restricted input=%1"_s)},
         {true,
          false,
-         MicrophonePermission::NotDetermined,
-         u"USB 麦克风",
-         u"prepared=true started=false tempDirectoryWritable=true permission=notDetermined"
-         " input=USB 麦克风"},
+         Permission::NotDetermined,
+         u"USB"_s,
+         line.arg(u"true"_s, u"notDetermined input=USB"_s)},
     };
-    for (const auto &[canPrepare, canRecord, permission, inputName, line] : cases) {
+    for (const auto &[canPrepare, canRecord, permission, inputName, logged] : rows) {
         m_system.canPrepare = canPrepare;
         m_system.canRecord = canRecord;
         m_system.permission = permission;
-        m_system.inputName = QString::fromUtf16(inputName);
+        m_system.inputName = inputName;
         EXPECT_FALSE(m_recorder.requestPermission());
-        EXPECT_EQ(recordingFailure([this] { m_recorder.start(); }),
-                  u"录音没有启动成功。请检查系统麦克风权限和输入设备，然后退出 Wrenfold "
-                  "后重新打开再试。"_s);
-        EXPECT_EQ(lastLogLine(), u"AVAudioRecorder start result. "_s + QString::fromUtf16(line));
+        EXPECT_EQ(start(),
+                  "recordingFailed: 录音没有启动成功。请检查系统麦克风权限和输入设备，"
+                  "然后退出 Wrenfold 后重新打开再试。");
+        EXPECT_EQ(loggedLines(m_home).last(), logged);
         EXPECT_EQ(files(), QStringList());
-        EXPECT_EQ(recordingFailure([this] { m_recorder.stop(); }), u"当前没有正在进行的录音。"_s);
+        EXPECT_EQ(stop(), "recordingFailed: 当前没有正在进行的录音。");
     }
-}
-
-TEST_F(AudioRecorderTest, UncreatableFileIsReportedAsItIsAndNotLogged)
-{
     m_system.canCreate = false;
-    try {
-        m_recorder.start();
-        ADD_FAILURE();
-    } catch (const LocalizedError &error) {
-        EXPECT_EQ(error.localizedDescription(), u"The file cannot be created."_s);
-    }
-    EXPECT_EQ(lastLogLine(), QString());
-    EXPECT_EQ(m_recorder.normalizedPowerLevel(), 0.18);
+    EXPECT_THROW(start(), LocalizedError);
+    EXPECT_EQ(loggedLines(m_home).size(), 3);
 }
 
 TEST_F(AudioRecorderTest, LevelIsLinearInDecibelsWithAVisibleMinimum)

@@ -11,11 +11,7 @@ namespace {
 TEST(HotKeyFormatterTest, keyDownEventsBecomeHotKeys)
 {
     using namespace ModifierFlag;
-    struct
-    {
-        KeyEvent event;
-        std::optional<HotKeyConfig> expected;
-    } const rows[] = {
+    const std::pair<KeyEvent, std::optional<HotKeyConfig>> rows[] = {
         {{0, command | option, u"a"_s}, HotKeyConfig{0, 0x900, u"⌥⌘A"_s}},
         {{40, control | option | shift | command, u"k"_s}, HotKeyConfig{40, 0x1b00, u"⌃⌥⇧⌘K"_s}},
         {{49, shift, u" "_s}, HotKeyConfig{49, 0x200, u"⇧Space"_s}},
@@ -36,9 +32,9 @@ TEST(HotKeyFormatterTest, keyDownEventsBecomeHotKeys)
         {{0, 0, u" \t\u00a0\n"_s}, std::nullopt},
         {{114, 0, {}}, std::nullopt},
     };
-    for (const auto &row : rows) {
-        const auto hotKey = HotKeyFormatter::config(row.event);
-        EXPECT_EQ(hotKey, row.expected) << (hotKey ? hotKey->displayName.toStdString() : "none");
+    for (const auto &[event, expected] : rows) {
+        const auto hotKey = HotKeyFormatter::config(event);
+        EXPECT_EQ(hotKey, expected) << (hotKey ? hotKey->displayName.toStdString() : "none");
     }
 }
 
@@ -52,19 +48,18 @@ TEST(HotKeyFormatterTest, modifierKeysAreHotKeysOnTheirOwn)
                                                           {61, u"右⌥"_s, 0x800},
                                                           {59, u"左⌃"_s, 0x1000},
                                                           {62, u"右⌃"_s, 0x1000}};
-    quint32 names = 0;
     for (const auto &[keyCode, name, value] : rows) {
-        ++names;
         EXPECT_EQ(HotKeyFormatter::configFromFlagsChanged({keyCode, 0, {}}),
                   (HotKeyConfig{keyCode, value, name}));
         EXPECT_EQ(HotKeyFormatter::modifierCarbonValue(keyCode), value);
     }
+    size_t names = 0;
     for (quint32 keyCode = 0; keyCode < 300; ++keyCode) {
-        const auto name = HotKeyFormatter::modifierOnlyDisplayName(keyCode);
-        EXPECT_EQ(name.has_value(), (HotKeyConfig{keyCode, 7, {}}.isModifierOnly())) << keyCode;
-        names -= name ? 1U : 0U;
+        const bool hasName = HotKeyFormatter::modifierOnlyDisplayName(keyCode).has_value();
+        EXPECT_EQ(hasName, (HotKeyConfig{keyCode, 7, {}}.isModifierOnly())) << keyCode;
+        names += hasName ? 1 : 0;
     }
-    EXPECT_EQ(names, 0U);
+    EXPECT_EQ(names, std::size(rows));
     EXPECT_FALSE(HotKeyFormatter::configFromFlagsChanged({57, ModifierFlag::capsLock, {}}));
     EXPECT_EQ(HotKeyFormatter::modifierCarbonValue(57), 0U);
 }

@@ -21,3 +21,10 @@ runProcess(const QString &program, const QStringList &arguments, std::chrono::mi
             process.readAllStandardOutput(),
             process.readAllStandardError()};
 }
+
+ProcessResult runCommand(const QString &commandLine)
+{
+    auto words = QProcess::splitCommand(commandLine);
+    const auto program = words.takeFirst();
+    return runProcess(program, words);
+}

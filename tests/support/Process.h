@@ -21,3 +21,5 @@ struct ProcessResult
 ProcessResult runProcess(const QString &program,
                          const QStringList &arguments = {},
                          std::chrono::milliseconds limit = std::chrono::seconds(20));
+// The same with a command line; words are separated by blanks, quotes keep them together.
+ProcessResult runCommand(const QString &commandLine);

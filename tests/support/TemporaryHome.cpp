@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 TemporaryHome::TemporaryHome()
 {
     for (const auto *name : {"HOME", "XDG_RUNTIME_DIR"})
@@ -42,4 +44,9 @@ void TemporaryHome::write(const QString &relative, const QByteArray &content) co
     QFile file(path(relative));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
+}
+
+QStringList recordings()
+{
+    return QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).entryList({u"wrenfold-*.wav"_s});
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <vector>
@@ -31,3 +31,6 @@ private:
     QTemporaryDir m_runtime;
     std::vector<std::pair<const char *, QByteArray>> m_saved;
 };
+
+// The names of the recordings that lie in the directory for temporary files.
+[[nodiscard]] QStringList recordings();

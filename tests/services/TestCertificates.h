@@ -12,16 +12,12 @@ class TestCertificates final
 public:
     enum class Flaw { None, Untrusted, Expired, WrongHost };
 
-    TestCertificates();
-
-    // What a client has to use to trust the local authority, and nothing else.
-    [[nodiscard]] QSslConfiguration client() const;
     // What a server on 127.0.0.1 shows.
-    [[nodiscard]] QSslConfiguration server(Flaw flaw = Flaw::None) const;
+    [[nodiscard]] QSslConfiguration server(Flaw flaw = Flaw::None);
+    // What a client has to use to trust the certificates made so far, all but the untrusted.
+    [[nodiscard]] QSslConfiguration client() const;
 
 private:
-    void makeAuthority(const QString &name) const;
-    void openssl(const QString &arguments) const;
-
     QTemporaryDir m_directory;
+    QList<QSslCertificate> m_trusted;
 };
