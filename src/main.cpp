@@ -9,9 +9,12 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <malloc.h>
 
 int main(int argc, char **argv)
 {
+    // Our few threads allocate little: a heap for each of them would only cost memory.
+    mallopt(M_ARENA_MAX, 1);
     QApplication::setApplicationName(AppRuntime::appName);
     QApplication::setApplicationVersion(QStringLiteral(WRENFOLD_VERSION));
     QApplication::setDesktopFileName(AppRuntime::bundleIdentifier);
