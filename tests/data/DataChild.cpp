@@ -5,7 +5,11 @@
 #include "HistoryStore.h"
 #include "SingleInstanceGuard.h"
 
+#include <QScopeGuard>
+
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <stdexcept>
 #include <thread>
 
@@ -17,12 +21,6 @@ using namespace Qt::StringLiterals;
 // A process that tests can kill, crash and start many of: the first argument says what it does.
 namespace {
 
-void say(const char *line)
-{
-    std::puts(line);
-    std::fflush(stdout);
-}
-
 // Replaces each file again and again until it is killed.
 [[noreturn]] void saveForEver()
 {
@@ -33,16 +31,18 @@ void say(const char *line)
         AppConfig::save(config);
         history.add(QString(1'000, u'语'), u"polished"_s);
         AppLogger::info(QString(5'000, u'x'));
-        say("saved");
+        std::puts("saved");
     }
 }
 
 // On two threads at once.
-void log(const QString &process, int count)
+void log(const QByteArray &process)
 {
-    const auto logFrom = [&](const QString &thread) {
-        for (int i = 0; i < count; ++i)
-            AppLogger::info(u"%1%2 %3 %4"_s.arg(process, thread).arg(i).arg(QString(100, u'.')));
+    const auto logFrom = [&process](const QString &thread) {
+        for (int i = 0; i < 150; ++i)
+            AppLogger::info(u"%1%2 %3 %4"_s.arg(QString::fromUtf8(process), thread)
+                                .arg(i)
+                                .arg(QString(100, u'.')));
     };
     std::thread other(logFrom, u"other"_s);
     logFrom(u"main"_s);
@@ -66,45 +66,35 @@ void crash(const QByteArray &kind)
 void lock()
 {
     SingleInstanceGuard guard(u"test"_s);
-    say(guard.acquire() ? "true" : "false");
+    std::puts(guard.acquire() ? "true" : "false");
     while (std::getchar() != EOF) {}
 }
 
 // Logs while statics are destroyed, in a forked child too.
 void logAtExit()
 {
-    struct Late
-    {
-        ~Late() { AppLogger::info(u"late"_s); }
-    };
-    static const Late late;
+    static const auto late = qScopeGuard([] { AppLogger::info(u"late"_s); });
     AppLogger::info(u"parent"_s);
     AppLogger::drain();
-    const auto child = ::fork();
-    if (child == 0) {
+    if (::fork() == 0)
         AppLogger::info(u"child"_s);
-        std::exit(0);
-    }
-    ::waitpid(child, nullptr, 0);
+    else
+        ::wait(nullptr);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const QList<QByteArray> arguments(argv + 1, argv + argc);
-    const auto action = arguments.value(0);
-    if (action == "save")
-        saveForEver();
-    else if (action == "log")
-        log(QString::fromUtf8(arguments.value(1)), arguments.value(2).toInt());
-    else if (action == "crash")
-        crash(arguments.value(1));
-    else if (action == "lock")
-        lock();
-    else if (action == "exit")
-        logAtExit();
-    else
-        return 2;
+    const std::map<QByteArray, std::function<void()>> actions{
+        {"save", saveForEver},
+        {"log", [&] { log(arguments.at(1)); }},
+        {"crash", [&] { crash(arguments.at(1)); }},
+        {"lock", lock},
+        {"exit", logAtExit},
+    };
+    actions.at(arguments.at(0))();
     return 0;
 }

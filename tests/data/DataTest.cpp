@@ -48,14 +48,6 @@ QStringList DataTest::takeSystemLogLines()
     return std::exchange(systemLogLines, {});
 }
 
-QByteArrayList DataTest::logLines() const
-{
-    AppLogger::drain();
-    auto lines = m_home.read(u".wrenfold/logs/wrenfold.log"_s).split('\n');
-    EXPECT_EQ(lines.takeLast(), QByteArray());
-    return lines;
-}
-
 uint DataTest::modeOf(const QString &path)
 {
     struct stat status = {};
@@ -70,6 +62,6 @@ QStringList DataTest::namesIn(const QString &directory)
 
 void DataTest::startChild(QProcess &process, const QStringList &arguments)
 {
-    process.start(QStringLiteral(WRENFOLD_DATA_CHILD), arguments);
+    process.start(m_child, arguments);
     ASSERT_TRUE(process.waitForStarted()) << qPrintable(process.errorString());
 }

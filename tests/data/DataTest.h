@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "AppLogger.h"
-#include "TemporaryHome.h"
+#include "LoggedLines.h"
 
 #include <QProcess>
 
@@ -15,8 +14,6 @@ class DataTest : public testing::Test
 protected:
     ~DataTest() override { AppLogger::drain(); }
 
-    // The log's lines, all of which must be complete.
-    [[nodiscard]] QByteArrayList logLines() const;
     // What went to the system's log since the last call: this program defines syslog(3) itself.
     [[nodiscard]] static QStringList takeSystemLogLines();
 
@@ -25,6 +22,7 @@ protected:
 
     // Starts this folder's helper program.
     static void startChild(QProcess &process, const QStringList &arguments);
+    inline static const QString m_child = QStringLiteral(WRENFOLD_DATA_CHILD);
 
     TemporaryHome m_home;
     const QString m_directory = m_home.path(QStringLiteral(".wrenfold"));

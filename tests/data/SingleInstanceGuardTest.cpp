@@ -24,6 +24,12 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
     }
 
+    // A line about the lock, as many times.
+    [[nodiscard]] QStringList lines(qsizetype count, const QString &text) const
+    {
+        return QStringList(count, text + u" path="_s + m_lockPath);
+    }
+
     const QString m_lockPath = m_home.runtimePath(u"test.lock"_s);
     const QByteArray m_ownID = QByteArray::number(QCoreApplication::applicationPid()) + '\n';
     SingleInstanceGuard m_guard{u"test"_s};
@@ -60,9 +66,7 @@ TEST_F(SingleInstanceGuardTest, HoldsTheLockUntilReleasedOrDestroyed)
     EXPECT_FALSE(m_guard.acquire());
     second.reset();
     EXPECT_TRUE(m_guard.acquire());
-    const auto line = " Single instance lock acquired. path=" + m_lockPath.toUtf8();
-    EXPECT_EQ(logLines().size(), 3);
-    EXPECT_TRUE(logLines().at(0).contains(" [INFO] ") && logLines().at(0).endsWith(line));
+    EXPECT_EQ(loggedLines(m_home), lines(3, u"INFO Single instance lock acquired."_s));
 }
 
 TEST_F(SingleInstanceGuardTest, OneOfTwentyLaunchedAtOnceRunsAndACrashFreesTheLock)
@@ -100,8 +104,5 @@ TEST_F(SingleInstanceGuardTest, AFileThatCannotBeTheLockStopsNobodyAndIsNotTouch
     QFile::remove(m_lockPath);
     ::mkfifo(qPrintable(m_lockPath), 0600);
     EXPECT_TRUE(m_guard.acquire());
-    const auto line = " Single instance lock could not be opened. path=" + m_lockPath.toUtf8();
-    EXPECT_EQ(logLines().size(), 2);
-    for (const auto &logged : logLines())
-        EXPECT_TRUE(logged.contains(" [WARN] ") && logged.endsWith(line)) << logged.data();
+    EXPECT_EQ(loggedLines(m_home), lines(2, u"WARN Single instance lock could not be opened."_s));
 }
