@@ -10,13 +10,7 @@ using namespace Qt::StringLiterals;
 
 TEST(Text, CountsAndCutsWhatPeopleSeeAsCharacters)
 {
-    struct Case
-    {
-        QString text;
-        qsizetype count;
-        QString firstTwo;
-    };
-    const Case cases[] = {
+    const std::tuple<QString, qsizetype, QString> cases[] = {
         {u""_s, 0, u""_s},
         {u"a"_s, 1, u"a"_s},
         {u"猫狗鱼"_s, 3, u"猫狗"_s},
