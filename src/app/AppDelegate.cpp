@@ -76,6 +76,7 @@ void AppDelegate::applicationDidFinishLaunching()
     AppLogger::info(u"Launch finished."_s);
     m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));
     AudioRecorder::sweepLeftovers();
+    m_mainQueue.post([this] { m_overlay.prepare(); });
 }
 
 void AppDelegate::applicationShouldHandleReopen()

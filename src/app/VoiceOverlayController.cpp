@@ -22,6 +22,14 @@ VoiceOverlayController::VoiceOverlayController(MainQueue &queue,
 
 VoiceOverlayController::~VoiceOverlayController() = default;
 
+void VoiceOverlayController::prepare()
+{
+    if (m_panel)
+        return;
+    buildPanel();
+    m_panel->grab();
+}
+
 void VoiceOverlayController::show(const VoiceOverlayMode &mode)
 {
     if (!m_panel)

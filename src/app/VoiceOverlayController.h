@@ -22,6 +22,9 @@ public:
     VoiceOverlayController(const VoiceOverlayController &) = delete;
     VoiceOverlayController &operator=(const VoiceOverlayController &) = delete;
 
+    // Builds the panel and draws it once unseen: loading the fonts takes some 40 ms, which the
+    // first show would otherwise wait for.
+    void prepare();
     // Shows the mode, in front, on the screen that now has the pointer.
     void show(const VoiceOverlayMode &mode);
     void hide();
@@ -38,5 +41,5 @@ private:
 
     MainQueue &m_queue;
     std::function<bool()> m_hasCompositor;
-    std::unique_ptr<VoiceOverlayView> m_panel; // built by the first show
+    std::unique_ptr<VoiceOverlayView> m_panel; // built by prepare() or the first show
 };

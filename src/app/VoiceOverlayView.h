@@ -48,7 +48,7 @@ private:
     void drawText(QPainter &painter, const QRectF &rect, const QColor &color) const;
 
     MainQueue &m_queue;
-    VoiceOverlayMode m_mode;
+    VoiceOverlayMode m_mode = VoiceOverlayMode::recording(QStringLiteral("默认麦克风"));
     qreal m_level = 0.32;
     qreal m_phase = 0; // grows by 2.25 a second
     std::unique_ptr<RepeatingTimer> m_timer;
