@@ -148,12 +148,4 @@ TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)
     EXPECT_TRUE(log().contains(u"Opening accessibility permission settings."_s));
 }
 
-TEST_F(AppDelegateTest, EndsOnceAndGivesTheLockBack)
-{
-    launch();
-    delegate->applicationWillTerminate();
-    delegate->applicationWillTerminate();
-    EXPECT_TRUE(SingleInstanceGuard(u"local.wrenfold"_s).acquire());
-}
-
 #include "AppDelegateTest.moc"

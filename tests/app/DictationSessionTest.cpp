@@ -321,9 +321,7 @@ TEST_F(DictationSessionTest, PastesAHistoryTextOrLeavesItOnTheClipboard)
 {
     gates[2].set_value();
     session.pasteHistoryText(u"早"_s);
-    ASSERT_TRUE(queue.waitForWork());
-    queue.runReady();
-    EXPECT_EQ(logged(), u"INFO History paste succeeded."_s);
+    EXPECT_TRUE(queue.runUntil([this] { return logged() == u"INFO History paste succeeded."_s; }));
     EXPECT_EQ(clipboard(), u"before"_s);
     const std::tuple<HushwireError, QString, int> rows[] = {
         {HushwireError::pasteFailed(u"无法创建自动粘贴事件。"_s), u"粘贴失败"_s, 0},

@@ -21,20 +21,10 @@ namespace {
 // Read when the application object is made: assistive technology finds us without being asked for.
 const bool isAccessible = qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
 
-QStringList announcedNames;
-
-void noteName(QAccessibleEvent *event)
-{
-    if (event->type() == QAccessible::NameChanged)
-        announcedNames << event->accessibleInterface()->text(QAccessible::Name);
-}
-
 QRgb pixelOnScreen(const QPoint &point)
 {
-    return QGuiApplication::primaryScreen()
-        ->grabWindow(0, point.x(), point.y(), 1, 1)
-        .toImage()
-        .pixel(0, 0);
+    const auto pixel = QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(), 1, 1);
+    return pixel.toImage().pixel(0, 0);
 }
 
 QWidget *panel()
@@ -77,7 +67,7 @@ protected:
 
 TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
 {
-    const auto focused = runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output;
+    const auto focused = runCommand(u"xdotool getwindowfocus"_s).output;
     m_editor.setPlainText(QString(80, u'\n'));
     m_editor.moveCursor(QTextCursor::Start);
     EXPECT_EQ(panel(), nullptr) << "nothing is built before it is needed";
@@ -89,9 +79,9 @@ TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
         return qRed(pixelOnScreen(onThePill)) < 40
             && pixelOnScreen(corner + QPoint(1, 1)) == 0xffc04020;
     }));
-    EXPECT_EQ(runProcess(u"xdotool"_s, {u"getwindowfocus"_s}).output, focused);
-    const auto clickAndType = u"mousemove %1 %2 click 1 type k"_s;
-    runProcess(u"xdotool"_s, clickAndType.arg(onThePill.x()).arg(onThePill.y()).split(u' '));
+    EXPECT_EQ(runCommand(u"xdotool getwindowfocus"_s).output, focused);
+    const auto clickAndType = u"xdotool mousemove %1 %2 click 1 type k"_s;
+    runCommand(clickAndType.arg(onThePill.x()).arg(onThePill.y()));
     EXPECT_TRUE(waitUntil([this] { return m_editor.toPlainText().contains(u'k'); }));
     EXPECT_FALSE(m_editor.toPlainText().startsWith(u'k')) << "the click moved the cursor";
     EXPECT_EQ(m_overlay.shownMode(), VoiceOverlayMode::recording(u"麦"_s));
@@ -102,11 +92,11 @@ TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
 
 TEST_P(OverlayTest, followsThePointerToItsMonitor)
 {
-    runProcess(u"xrandr"_s, {u"--setmonitor"_s, u"L"_s, u"640/170x800/211+0+0"_s, u"screen"_s});
-    runProcess(u"xrandr"_s, {u"--setmonitor"_s, u"R"_s, u"640/170x800/211+640+0"_s, u"none"_s});
+    runCommand(u"xrandr --setmonitor L 640/170x800/211+0+0 screen"_s);
+    runCommand(u"xrandr --setmonitor R 640/170x800/211+640+0 none"_s);
     ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
     for (const int x : {100, 900}) {
-        runProcess(u"xdotool"_s, {u"mousemove"_s, QString::number(x), u"300"_s});
+        runCommand(u"xdotool mousemove %1 300"_s.arg(x));
         m_overlay.show(VoiceOverlayMode::status(u"已取消"_s));
         const QPoint expected(x < 640 ? 200 : 840, 800 - 18 - 76);
         EXPECT_EQ(panel()->pos(), expected);
@@ -119,18 +109,21 @@ INSTANTIATE_TEST_SUITE_P(WithAndWithoutCompositor, OverlayTest, testing::Bool())
 TEST(OverlayAccessibility, itsNameIsWhatItShows)
 {
     // Asking for the accessibility bus starts it.
-    const auto question = u"call --session --dest org.a11y.Bus --object-path /org/a11y/bus "
-                          "--method org.a11y.Bus.GetAddress"_s;
-    runProcess(u"gdbus"_s, question.split(u' '));
+    runCommand(u"gdbus call --session --dest org.a11y.Bus -o /org/a11y/bus "
+               "-m org.a11y.Bus.GetAddress"_s);
     ASSERT_TRUE(waitUntil([] { return QAccessible::isActive(); }));
     EventLoopMainQueue queue;
     VoiceOverlayController overlay(queue, hasCompositor);
     overlay.show(VoiceOverlayMode::typing(u"正在识别"_s));
-    const auto previous = QAccessible::installUpdateHandler(noteName);
+    static QStringList announced;
+    const auto previous = QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
+        if (event->type() == QAccessible::NameChanged)
+            announced << event->accessibleInterface()->text(QAccessible::Name);
+    });
     overlay.show(VoiceOverlayMode::typing(u"正在整理"_s));
     overlay.show(VoiceOverlayMode::recording(u"桌上的麦克风"_s));
     QAccessible::installUpdateHandler(previous);
-    EXPECT_EQ(announcedNames, QStringList({u"正在整理"_s, u"使用中 桌上的麦克风"_s}));
+    EXPECT_EQ(announced, QStringList({u"正在整理"_s, u"使用中 桌上的麦克风"_s}));
     // As a screen reader finds it; its first look at the desktop can be empty.
     const auto script = u"import pyatspi\n"
                         "for a in pyatspi.Registry.getDesktop(0):\n"

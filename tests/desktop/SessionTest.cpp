@@ -1,20 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Process.h"
+#include "SelectionOwner.h"
 #include "ShowWindowChannel.h"
 #include "WaitUntil.h"
 #include "X11ClipboardHandover.h"
-#include "X11Selections.h"
-#include "XcbConnection.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QProcess>
 
 #include <gtest/gtest.h>
-
-#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
@@ -30,15 +26,7 @@ quint32 ownerOf(const QByteArray &selection)
 class ScriptedManager final
 {
 public:
-    ScriptedManager()
-    {
-        auto *server = m_connection.get();
-        const auto window = xcb_generate_id(server);
-        xcb_create_window(server, 0, window, m_connection.root(), 0, 0, 9, 9, 0, 0, 0, 0, nullptr);
-        const auto selection = X11Selections::atom(server, "CLIPBOARD_MANAGER");
-        xcb_set_selection_owner(server, window, selection, XCB_CURRENT_TIME);
-        xcb_flush(server);
-    }
+    ScriptedManager() { ownSelection(m_connection, "CLIPBOARD_MANAGER"); }
 
     bool answers = true;
 
@@ -53,25 +41,15 @@ private:
         answer.requestor = request->requestor;
         answer.selection = request->selection;
         answer.target = request->target;
-        xcb_send_event(m_connection.get(),
-                       0,
-                       request->requestor,
-                       XCB_EVENT_MASK_NO_EVENT,
-                       reinterpret_cast<const char *>(&answer));
+        const auto *bytes = reinterpret_cast<const char *>(&answer);
+        xcb_send_event(m_connection.get(), 0, request->requestor, XCB_EVENT_MASK_NO_EVENT, bytes);
         xcb_flush(m_connection.get());
     }
 
     XcbConnection m_connection{[this](const void *message) { handle(message); }};
 };
 
-// Hands over and returns how long it took, in milliseconds.
-qint64 handOver()
-{
-    QElapsedTimer timer;
-    timer.start();
-    handOverClipboard();
-    return timer.elapsed();
-}
+const auto handOver = [] { handOverClipboard(); };
 
 } // namespace
 
@@ -82,14 +60,12 @@ TEST(ShowWindowChannel, reachesTheInstanceThatObserves)
     ASSERT_TRUE(channel.observe([&requests] { ++requests; }));
     EXPECT_TRUE(ShowWindowChannel().post());
     EXPECT_TRUE(waitUntil([&requests] { return requests == 1; }));
-    const QStringList signal{u"--session"_s,
-                             u"--type=signal"_s,
-                             u"/local/wrenfold"_s,
-                             u"local.wrenfold.showMainWindow"_s};
-    runProcess(u"dbus-send"_s, signal);
+    const auto signal =
+        u"dbus-send --session --type=signal /local/wrenfold local.wrenfold.showMainWindow"_s;
+    runCommand(signal);
     EXPECT_TRUE(waitUntil([&requests] { return requests == 2; }));
     channel.stop();
-    runProcess(u"dbus-send"_s, signal);
+    runCommand(signal);
     EXPECT_TRUE(ShowWindowChannel().post());
     EXPECT_EQ(requests, 2);
 }
@@ -102,12 +78,11 @@ TEST(ClipboardHandover, leavesTheTextWithTheClipboardManager)
     auto *clipboard = QGuiApplication::clipboard();
     clipboard->setText(u"整理好的文字。🙂"_s);
     clipboard->setText(u"整理好的文字。🙂"_s, QClipboard::Selection);
-    EXPECT_LT(handOver(), 600);
+    EXPECT_LT(millisecondsOf(handOver), 600);
     EXPECT_FALSE(clipboard->ownsClipboard()) << "or Qt would wait for it";
     EXPECT_FALSE(clipboard->ownsSelection());
     EXPECT_TRUE(waitUntil([] {
-        return runProcess(u"xclip"_s, {u"-o"_s, u"-selection"_s, u"clipboard"_s}).output
-            == u"整理好的文字。🙂"_s.toUtf8();
+        return runCommand(u"xclip -o -selection clipboard"_s).output == "整理好的文字。🙂";
     }));
     manager.kill();
     manager.waitForFinished();
@@ -117,16 +92,16 @@ TEST(ClipboardHandover, waitsForTheManagersAnswerAndNoLongerThanItsLimit)
 {
     auto *clipboard = QGuiApplication::clipboard();
     clipboard->setText(u"文字"_s);
-    EXPECT_LT(handOver(), 100);
+    EXPECT_LT(millisecondsOf(handOver), 100);
     EXPECT_TRUE(clipboard->ownsClipboard()) << "nobody is there to take it";
     ScriptedManager manager;
     ASSERT_TRUE(waitUntil([] { return ownerOf("CLIPBOARD_MANAGER") != 0; }));
     for (const bool answers : {true, false}) {
         manager.answers = answers;
         clipboard->setText(u"文字"_s);
-        const auto took = handOver();
+        const auto took = millisecondsOf(handOver);
         EXPECT_TRUE(answers ? took < 150 : took >= 290 && took < 600) << took;
         EXPECT_FALSE(clipboard->ownsClipboard());
-        EXPECT_LT(handOver(), 100);
+        EXPECT_LT(millisecondsOf(handOver), 100);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Process.h"
+#include "SelectionOwner.h"
 #include "StatusMenu.h"
 #include "TemporaryHome.h"
 #include "TrayHostMonitor.h"
@@ -20,23 +21,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto watcher = u"org.kde.StatusNotifierWatcher"_s;
-
-QString call(const QString &service,
-             const QString &path,
-             const QString &method,
-             const QStringList &arguments)
+// Calls a method of the session bus; `what` is its path, name and arguments.
+QString call(const QString &service, const QString &what)
 {
-    const auto address = u"call --session --dest %1 --object-path %2 --method %3 --"_s;
-    const auto result =
-        runProcess(u"gdbus"_s, address.arg(service, path, method).split(u' ') + arguments);
+    const auto result = runCommand(u"gdbus call --session --dest %1 -o "_s.arg(service) + what);
     return QString::fromUtf8(result.output);
 }
 
-QString
-property(const QString &service, const QString &path, const QString &interface, const QString &name)
+QString watcherProperty(const QString &name)
 {
-    return call(service, path, u"org.freedesktop.DBus.Properties.Get"_s, {interface, name});
+    return call(u"org.kde.StatusNotifierWatcher"_s,
+                u"/StatusNotifierWatcher -m org.freedesktop.DBus.Properties.Get "
+                "org.kde.StatusNotifierWatcher "_s
+                    + name);
 }
 
 // The private desktop may have its panel from the start, or without WRENFOLD_DESKTOP_PARTS' "tray"
@@ -62,15 +59,13 @@ protected:
 
     void awaitIcon()
     {
-        const auto path = u"/StatusNotifierWatcher"_s;
-        if (!property(watcher, path, watcher, u"IsStatusNotifierHostRegistered"_s)
-                 .contains("true"_L1)) {
+        if (!watcherProperty(u"IsStatusNotifierHostRegistered"_s).contains("true"_L1)) {
             EXPECT_FALSE(m_menu.hasIcon());
             m_panel.start(u"/usr/bin/python3"_s, {QStringLiteral(WRENFOLD_TEST_PANEL)});
         }
         ASSERT_TRUE(waitUntil([this] { return m_menu.hasIcon(); }));
-        ASSERT_TRUE(waitUntil([this, path] {
-            const auto items = property(watcher, path, watcher, u"RegisteredStatusNotifierItems"_s);
+        ASSERT_TRUE(waitUntil([this] {
+            const auto items = watcherProperty(u"RegisteredStatusNotifierItems"_s);
             m_item = QRegularExpression(u".*'([^']+)'"_s).match(items).captured(1);
             return !m_item.isEmpty();
         }));
@@ -79,25 +74,23 @@ protected:
     // Chooses a menu entry as a panel does.
     void choose(const QString &label)
     {
-        const auto entry = QRegularExpression(u"\\((\\d+), \\{[^}]*'label': <'%1'>"_s.arg(label));
-        const auto id = entry.match(layout()).captured(1);
+        const QRegularExpression entry(u"\\((\\d+), \\{[^}]*'label': <'%1'>"_s.arg(label));
         call(m_item,
-             u"/MenuBar"_s,
-             u"com.canonical.dbusmenu.Event"_s,
-             {id, u"clicked"_s, u"<''>"_s, u"0"_s});
+             u"/MenuBar -m com.canonical.dbusmenu.Event %1 clicked <''> 0"_s.arg(
+                 entry.match(layout()).captured(1)));
     }
 
     QString layout()
     {
-        return call(m_item,
-                    u"/MenuBar"_s,
-                    u"com.canonical.dbusmenu.GetLayout"_s,
-                    {u"0"_s, u"-1"_s, u"[]"_s});
+        return call(m_item, u"/MenuBar -m com.canonical.dbusmenu.GetLayout -- 0 -1 []"_s);
     }
 
     QString itemProperty(const QString &name)
     {
-        return property(m_item, u"/StatusNotifierItem"_s, u"org.kde.StatusNotifierItem"_s, name);
+        return call(m_item,
+                    u"/StatusNotifierItem -m org.freedesktop.DBus.Properties.Get "
+                    "org.kde.StatusNotifierItem "_s
+                        + name);
     }
 
     TemporaryHome m_home;
@@ -116,10 +109,7 @@ void announceEmbeddingPanel(const XcbConnection &connection)
     auto *server = connection.get();
     const auto root = connection.root();
     const auto selection =
-        X11Selections::atom(server, X11Selections::nameForScreen("_NET_SYSTEM_TRAY_S"));
-    const auto window = xcb_generate_id(server);
-    xcb_create_window(server, 0, window, root, 0, 0, 9, 9, 0, 0, 0, 0, nullptr);
-    xcb_set_selection_owner(server, window, selection, XCB_CURRENT_TIME);
+        ownSelection(connection, X11Selections::nameForScreen("_NET_SYSTEM_TRAY_S"));
     xcb_client_message_event_t message = {};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
@@ -133,7 +123,7 @@ void announceEmbeddingPanel(const XcbConnection &connection)
 
 } // namespace
 
-TEST_F(TrayTest, showsIconToolTipAndMenuOncePanelsAreThere)
+TEST_F(TrayTest, showsIconToolTipAndMenuOncePanelsAreThereAndCallsWhatIsChosen)
 {
     awaitIcon();
     EXPECT_TRUE(itemProperty(u"ToolTip"_s).contains(u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s));
@@ -144,15 +134,9 @@ TEST_F(TrayTest, showsIconToolTipAndMenuOncePanelsAreThere)
         u"'开始使用'.*'打开日志文件夹'.*'type': <'separator'>.*'退出'"_s);
     EXPECT_TRUE(layout().contains(order)) << layout().toStdString();
     EXPECT_TRUE(layout().contains(u"'shortcut': <[['Control', 'Q']]>"_s)) << layout().toStdString();
-}
-
-TEST_F(TrayTest, callsWhatIsChosen)
-{
-    awaitIcon();
     for (const auto &label : {u"打开日志文件夹"_s, u"开始使用"_s, u"退出"_s})
         choose(label);
-    const auto activate = u"org.kde.StatusNotifierItem.Activate"_s;
-    call(m_item, u"/StatusNotifierItem"_s, activate, {u"0"_s, u"0"_s});
+    call(m_item, u"/StatusNotifierItem -m org.kde.StatusNotifierItem.Activate 0 0"_s);
     EXPECT_TRUE(waitUntil([this] { return m_calls.size() == 4; }));
     EXPECT_EQ(m_calls, QStringList({u"logs"_s, u"configure"_s, u"quit"_s, u"activate"_s}));
 }

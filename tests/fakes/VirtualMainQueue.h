@@ -4,11 +4,8 @@
 
 #include "MainQueue.h"
 
-#include <condition_variable>
 #include <map>
 #include <mutex>
-#include <tuple>
-#include <vector>
 
 // A main queue whose clock only the test turns: nothing runs but inside runReady(), advance() and
 // runUntil().
@@ -35,24 +32,15 @@ public:
 
     void close() override
     {
-        std::vector<Entry> dropped;
+        std::multimap<Duration, Entry> dropped;
         {
             const std::lock_guard lock(m_mutex);
             m_isClosed = true;
-            for (auto &[due, entry] : m_entries)
-                dropped.push_back(std::move(entry));
-            m_entries.clear();
+            dropped.swap(m_entries);
         }
-        for (const auto &entry : dropped)
+        for (const auto &[due, entry] : dropped)
             if (entry.abandon)
                 entry.abandon();
-    }
-
-    // The time since the queue was made.
-    [[nodiscard]] Duration now() const
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_now;
     }
 
     // Runs what is due now, and what that posts in turn.
@@ -61,19 +49,10 @@ public:
     // Turns the clock on, running what falls due in its order, each at its own time.
     void advance(Duration duration)
     {
-        const auto end = now() + duration;
+        const auto end = m_now + duration;
         while (runNext(end)) {}
         const std::lock_guard lock(m_mutex);
-        m_now = std::max(m_now, end);
-    }
-
-    // Waits, in real time, until another thread has made something due; false when nothing came.
-    [[nodiscard]] bool waitForWork(Duration limit = std::chrono::seconds(10))
-    {
-        std::unique_lock lock(m_mutex);
-        return m_arrived.wait_for(lock, limit, [this] {
-            return !m_entries.empty() && m_entries.begin()->first <= m_now;
-        });
+        m_now = end;
     }
 
     // Runs what workers make due until the condition holds; false at the limit, in real time.
@@ -84,7 +63,7 @@ public:
         for (runReady(); !condition(); runReady()) {
             if (std::chrono::steady_clock::now() > deadline)
                 return false;
-            std::ignore = waitForWork(Duration(5));
+            std::this_thread::sleep_for(Duration(1));
         }
         return true;
     }
@@ -104,7 +83,6 @@ private:
         if (m_isClosed)
             return false;
         m_entries.emplace(m_now + delay, std::move(entry));
-        m_arrived.notify_all();
         return true;
     }
 
@@ -136,8 +114,7 @@ private:
         });
     }
 
-    mutable std::mutex m_mutex;
-    std::condition_variable m_arrived;
+    std::mutex m_mutex;
     std::multimap<Duration, Entry> m_entries; // by due time, then in posting order
     Duration m_now = Duration::zero();
     bool m_isClosed = false;

@@ -88,22 +88,16 @@ TEST_F(DeepSeekPolisherTest, ChecksTheSettingsBeforeAnyNetworkUse)
         {u"https://api.x"_s, u"https://api.x/chat/completions"_s},
         {u"//https://api.x///"_s, u"https://api.x/chat/completions"_s},
         {u"http://api.x:8080/v1/"_s, u"http://api.x:8080/v1/chat/completions"_s},
-        {u""_s, {}},
-        {u"///"_s, {}},
-        {u"api.x"_s, {}},
-        {u"https://api.x "_s, {}},
-        {u" https://api.x"_s, {}},
-        {u"https://"_s, {}},
-        {u"http://api.x:99999"_s, {}},
-        {u"ftp://api.x"_s, {}},
     };
-    const auto call = [this] { return polished(); };
     for (const auto &[base, expected] : rows) {
         m_config.baseURL = base;
-        EXPECT_EQ(DeepSeekPolisher::endpoint(m_config).value_or(QUrl()).toString(), expected);
-        if (expected.isEmpty()) {
-            EXPECT_EQ(serviceOutcome(call), "configMissing: DeepSeek baseURL 不正确。");
-        }
+        EXPECT_EQ(DeepSeekPolisher::endpoint(m_config)->toString(), expected);
+    }
+    const auto call = [this] { return polished(); };
+    for (const auto &base : u"|///|api.x|https://api.x | https://api.x|https://|http://api.x:99999|"
+                            "ftp://api.x"_s.split(u'|')) {
+        m_config.baseURL = base;
+        EXPECT_EQ(serviceOutcome(call), "configMissing: DeepSeek baseURL 不正确。");
     }
     m_config.apiKey = u" \u2028"_s;
     EXPECT_EQ(serviceOutcome(call),

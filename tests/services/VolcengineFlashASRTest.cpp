@@ -136,16 +136,10 @@ TEST_F(VolcengineFlashASRTest, ChecksTheSettingsThenTheFileBeforeAnyNetworkUse)
     EXPECT_EQ(serviceOutcome(call),
               "configMissing: 请先在 ~/.wrenfold/config.json 填入火山引擎 apiKey，"
               "或 appKey + accessKey。");
-    for (const auto *endpoint : {u"",
-                                 u"not a url",
-                                 u"words",
-                                 u"ftp://x",
-                                 u"https://",
-                                 u"https:///api/v3",
-                                 u"http://host:99999",
-                                 u" http://host",
-                                 u"http://a b/"}) {
-        m_config.endpoint = QString::fromUtf16(endpoint);
+    for (const auto &endpoint :
+         u"|not a url|words|ftp://x|https://|https:///api/v3|http://host:99999|"
+         " http://host|http://a b/"_s.split(u'|')) {
+        m_config.endpoint = endpoint;
         EXPECT_EQ(serviceOutcome(call), "configMissing: 火山引擎识别接口地址不正确。");
     }
     EXPECT_EQ(server.connections(), 0);

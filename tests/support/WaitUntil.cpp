@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QThread>
 
@@ -17,4 +18,12 @@ bool waitUntil(const std::function<bool()> &condition, std::chrono::milliseconds
         QThread::msleep(1);
     }
     return true;
+}
+
+qint64 millisecondsOf(const std::function<void()> &operation)
+{
+    QElapsedTimer timer;
+    timer.start();
+    operation();
+    return timer.elapsed();
 }
