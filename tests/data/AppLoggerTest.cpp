@@ -21,8 +21,7 @@ namespace {
 const auto logFile = u".wrenfold/logs/wrenfold.log"_s;
 const auto oldFile = u".wrenfold/logs/wrenfold.old.log"_s;
 
-class AppLoggerTest : public DataTest
-{};
+using AppLoggerTest = DataTest;
 
 // Notes the folders that the desktop would open.
 class FakeFileManager final : public QObject
@@ -137,7 +136,7 @@ TEST_F(AppLoggerTest, LinesLoggedWhileTheProcessEndsAndInAForkedChildArrive)
     EXPECT_EQ(loggedLines(m_home), u"INFO parent|INFO child|INFO late|INFO late"_s.split(u'|'));
 }
 
-TEST_F(AppLoggerTest, EachLineThatCannotBeWrittenIsOneLineInTheSystemLog)
+TEST_F(AppLoggerTest, ABlockedFolderIsNotOpenedAndEachLostLineIsOneInTheSystemLog)
 {
     m_home.write(u".wrenfold/logs"_s, "in the way");
     AppLogger::info(u"lost"_s);
@@ -145,26 +144,20 @@ TEST_F(AppLoggerTest, EachLineThatCannotBeWrittenIsOneLineInTheSystemLog)
     const auto line =
         u"Wrenfold log write failed: Cannot create the directory %1/logs: File exists."_s;
     EXPECT_EQ(takeSystemLogLines(), QStringList(2, line.arg(m_directory)));
+    FakeFileManager fileManager;
+    AppLogger::openLogFolder();
+    EXPECT_TRUE(fileManager.opened.isEmpty());
+    EXPECT_EQ(takeSystemLogLines().size(), 2);
     QFile::remove(m_directory + u"/logs"_s);
+    AppLogger::openLogFolder();
+    EXPECT_EQ(fileManager.opened, QList{AppLogger::logDirectoryURL()});
+    EXPECT_EQ(loggedLines(m_home), QStringList{u"INFO Open log folder requested."_s});
     m_home.write(u"victim"_s, "victim");
-    QDir().mkpath(m_directory + u"/logs"_s);
+    QFile::remove(m_home.path(logFile));
     QFile::link(m_home.path(u"victim"_s), m_home.path(logFile));
     AppLogger::info(u"lost to a link"_s);
     EXPECT_EQ(takeSystemLogLines().size(), 1);
     EXPECT_EQ(m_home.read(u"victim"_s), "victim");
-}
-
-TEST_F(AppLoggerTest, OpensItsFolderOncePrepared)
-{
-    FakeFileManager fileManager;
-    AppLogger::openLogFolder();
-    EXPECT_EQ(fileManager.opened, QList{AppLogger::logDirectoryURL()});
-    EXPECT_EQ(loggedLines(m_home), QStringList{u"INFO Open log folder requested."_s});
-    QDir(m_directory).removeRecursively();
-    m_home.write(u".wrenfold/logs"_s, "in the way");
-    AppLogger::openLogFolder();
-    EXPECT_EQ(fileManager.opened.size(), 1);
-    EXPECT_EQ(takeSystemLogLines().size(), 2);
 }
 
 #include "AppLoggerTest.moc"

@@ -29,10 +29,7 @@ protected:
         return R"({"createdAt": )" + createdAt + R"(, "id": ")" + id
             + R"(", "polished": "", "transcript": ")" + createdAt + R"(", "later": 1})";
     }
-    void write(const QByteArrayList &items)
-    {
-        m_home.write(historyFile, '[' + items.join(',') + ']');
-    }
+    void write(const QByteArray &items) { m_home.write(historyFile, '[' + items + ']'); }
 };
 
 } // namespace
@@ -59,30 +56,33 @@ TEST_F(HistoryStoreTest, KeepsResultsNewestFirstAsGivenAndCreatesNoFileBefore)
     EXPECT_TRUE(m_home.read(historyFile).contains(" 一/\\\"1\\\"\\n"));
 }
 
-TEST_F(HistoryStoreTest, DropsTheOldestAboveTwoHundred)
+TEST_F(HistoryStoreTest, CopiesALegacyFileAndDropsTheOldestAboveTwoHundred)
 {
     QByteArrayList items;
     for (int i = 0; i < 250; ++i)
         items.append(item(QByteArray::number(i)));
-    write(items);
+    const auto legacy = '[' + items.join(',') + ']';
+    m_home.write(u".hush-wire/history.json"_s, legacy);
     HistoryStore store;
+    EXPECT_EQ(m_home.read(historyFile), legacy);
+    EXPECT_EQ(modeOf(m_home.path(historyFile)), 0600U);
     ASSERT_EQ(store.items().size(), 250);
     EXPECT_EQ(store.items().at(0).createdAt, referenceDate);
     store.add(u"new"_s, {});
     ASSERT_EQ(stored().size(), 200);
-    EXPECT_EQ(stored().first().toObject().value("transcript"_L1), u"new"_s);
-    EXPECT_EQ(stored().last().toObject().value("transcript"_L1), u"198"_s);
+    EXPECT_EQ(stored().first()["transcript"_L1], u"new"_s);
+    EXPECT_EQ(stored().last()["transcript"_L1], u"198"_s);
+    EXPECT_EQ(m_home.read(u".hush-wire/history.json"_s), legacy);
 }
 
 TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndElseRewritesTheFileUnchanged)
 {
-    write({item("0"),
-           item("794312345.123456"),
-           item("-0.0004", "00000000-0000-0000-0000-000000000000")});
+    write(item("0") + ',' + item("794312345.123456") + ','
+          + item("-0.0004", "00000000-0000-0000-0000-000000000000"));
     HistoryStore store;
     store.remove(QUuid::createUuid());
-    EXPECT_EQ(stored().at(1).toObject().value("createdAt"_L1).toDouble(), 794312345.123456);
-    EXPECT_EQ(stored().at(2).toObject().value("createdAt"_L1).toDouble(), -0.0004);
+    EXPECT_EQ(stored().at(1)["createdAt"_L1].toDouble(), 794312345.123456);
+    EXPECT_EQ(stored().at(2)["createdAt"_L1].toDouble(), -0.0004);
     const auto rewritten = m_home.read(historyFile);
     store.remove(QUuid::createUuid());
     EXPECT_EQ(m_home.read(historyFile), rewritten);
@@ -91,26 +91,13 @@ TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndElseRewritesTheFileUnchange
     EXPECT_EQ(stored().size(), 1);
 }
 
-TEST_F(HistoryStoreTest, CopiesALegacyFileAndLeavesItWhereItIs)
-{
-    const auto legacyFile = u".hush-wire/history.json"_s;
-    m_home.write(legacyFile, '[' + item("1.5") + ']');
-    EXPECT_EQ(HistoryStore().items().size(), 1);
-    EXPECT_EQ(m_home.read(historyFile), m_home.read(legacyFile));
-    EXPECT_EQ(modeOf(m_directory), 0700U);
-    EXPECT_EQ(modeOf(m_home.path(historyFile)), 0600U);
-}
-
 TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
 {
-    for (const auto &items : {QByteArray("7"),
-                              item("\"2026-01-01\""),
-                              item("1e300"),
-                              item("0", "nonsense"),
-                              item("0", '{' + anID + '}'),
-                              item("0") + ", {\"createdAt\": 0}",
-                              QByteArray("[")}) {
-        write({items});
+    const QByteArrayList cases = QByteArrayList{"7", "["}
+        << item("\"2026-01-01\"") << item("1e300") << item("0", "nonsense")
+        << item("0", '{' + anID + '}') << item("0") + ", {\"createdAt\": 0}";
+    for (const auto &items : cases) {
+        write(items);
         const auto content = m_home.read(historyFile);
         HistoryStore store;
         EXPECT_TRUE(store.items().isEmpty()) << content.data();
