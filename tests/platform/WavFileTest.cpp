@@ -55,9 +55,9 @@ TEST(LevelMeterTest, TellsTheLoudnessOfTheLatestTenthOfASecond)
     EXPECT_EQ(meter.averagePowerDb(), -160.0F);
     std::vector<std::int16_t> sine(320);
     for (const auto &[amplitude, db] : {std::pair{32767.0, -3.01F}, {3276.7, -23.01F}}) {
-        for (std::size_t i = 0; i < sine.size(); ++i) {
-            const double phase = 2 * std::numbers::pi * static_cast<double>(i) / 32;
-            sine[i] = static_cast<std::int16_t>(std::lround(amplitude * std::sin(phase)));
+        for (double phase = 0; auto &sample : sine) {
+            sample = static_cast<std::int16_t>(std::lround(amplitude * std::sin(phase)));
+            phase += std::numbers::pi / 16;
         }
         for (int fragment = 0; fragment < 5; ++fragment)
             meter.add(sine);
