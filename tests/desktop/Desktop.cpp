@@ -5,11 +5,8 @@
 #include "Process.h"
 #include "WaitUntil.h"
 
-#include <QProcess>
-
 #include <gtest/gtest.h>
 #include <ranges>
-#include <string_view>
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
@@ -41,21 +38,8 @@ quint8 realKeyboard(xcb_connection_t *connection)
 
 } // namespace
 
-void EndProcess::operator()(QProcess *process) const
-{
-    process->terminate();
-    if (!process->waitForFinished(5000))
-        process->kill();
-    delete process;
-}
-
-void Desktop::Disconnect::operator()(xcb_connection_t *connection) const
-{
-    xcb_disconnect(connection);
-}
-
 Desktop::Desktop()
-    : m_connection(xcb_connect(nullptr, nullptr))
+    : m_connection(xcb_connect(nullptr, nullptr), &xcb_disconnect)
 {
     auto *const connection = m_connection.get();
     const auto version = xcb_input_xi_query_version(connection, 2, 2);
@@ -67,20 +51,9 @@ Desktop::Desktop()
 
 Desktop::~Desktop()
 {
-    if (m_isLayoutChanged)
-        setLayout({u"us"_s});
+    setLayout({u"us"_s});
     for (const auto key : keysDown())
         release(key);
-}
-
-void Desktop::press(quint8 key)
-{
-    post(key, true);
-}
-
-void Desktop::release(quint8 key)
-{
-    post(key, false);
 }
 
 void Desktop::tap(const std::vector<quint8> &chord)
@@ -111,26 +84,10 @@ void Desktop::takeSelections()
 {
     auto *const connection = m_connection.get();
     const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    const auto window = xcb_generate_id(connection);
-    xcb_create_window(connection,
-                      0,
-                      window,
-                      root,
-                      0,
-                      0,
-                      1,
-                      1,
-                      0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY,
-                      XCB_COPY_FROM_PARENT,
-                      0,
-                      nullptr);
-    const std::string_view name("CLIPBOARD");
-    const auto request =
-        xcb_intern_atom(connection, 0, static_cast<quint16>(name.size()), name.data());
+    const auto request = xcb_intern_atom(connection, 0, 9, "CLIPBOARD");
     const auto clipboard = owned(xcb_intern_atom_reply(connection, request, nullptr));
     for (const xcb_atom_t selection : {clipboard->atom, xcb_atom_t{XCB_ATOM_PRIMARY}})
-        xcb_set_selection_owner(connection, window, selection, XCB_CURRENT_TIME);
+        xcb_set_selection_owner(connection, root, selection, XCB_CURRENT_TIME);
     roundTrip();
 }
 
@@ -147,15 +104,14 @@ std::vector<quint8> Desktop::keysDown() const
 
 void Desktop::setLayout(const QStringList &arguments)
 {
-    m_isLayoutChanged = true;
     // An empty option takes those away that an earlier call set.
     EXPECT_EQ(runProcess(u"setxkbmap"_s, QStringList{u"-option"_s, u""_s} + arguments).exitCode, 0);
 }
 
-ForeignApplication
+std::unique_ptr<QProcess>
 Desktop::start(const QString &program, const QStringList &arguments, const QString &windowClass)
 {
-    ForeignApplication process(new QProcess);
+    auto process = std::make_unique<QProcess>();
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->start(program, arguments);
     EXPECT_TRUE(waitUntil([&] { return focusedClass().contains(windowClass, Qt::CaseInsensitive); },

@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
 #include <vector>
 
-class QProcess;
 struct xcb_connection_t;
 
 // Keys of the private desktop's keyboard by their X key codes.
@@ -34,13 +34,6 @@ inline constexpr quint8 rightSuper = 134;
 inline constexpr quint8 up = 111;
 } // namespace Key
 
-// Ends an application and waits for its end.
-struct EndProcess
-{
-    void operator()(QProcess *process) const;
-};
-using ForeignApplication = std::unique_ptr<QProcess, EndProcess>;
-
 // The private desktop as a user sits at it: its keyboard, its keyboard layouts and applications
 // that we did not write. Leaves no key down and the layout as it was.
 class Desktop final
@@ -52,8 +45,8 @@ public:
     Desktop &operator=(const Desktop &) = delete;
 
     // Keys as fingers move them: on the real keyboard, not on the one for posted keys.
-    void press(quint8 key);
-    void release(quint8 key);
+    void press(quint8 key) { post(key, true); }
+    void release(quint8 key) { post(key, false); }
     // Presses the keys in their order and releases them in reverse.
     void tap(const std::vector<quint8> &chord);
     // What the whole display takes to be down.
@@ -68,7 +61,7 @@ public:
 
     // Starts an application and waits until its window, by the name its class carries, has the
     // focus. It is ended with the returned object.
-    [[nodiscard]] ForeignApplication
+    [[nodiscard]] std::unique_ptr<QProcess>
     start(const QString &program, const QStringList &arguments, const QString &windowClass);
     // Instance and class of the window that has the focus, separated by a blank.
     [[nodiscard]] QString focusedClass() const;
@@ -77,13 +70,7 @@ private:
     void post(quint8 key, bool isPress);
     void roundTrip();
 
-    struct Disconnect
-    {
-        void operator()(xcb_connection_t *connection) const;
-    };
-
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t *)> m_connection;
     quint8 m_keyboard = 0; // the real keyboard's device
     quint8 m_firstInputEvent = 0;
-    bool m_isLayoutChanged = false;
 };

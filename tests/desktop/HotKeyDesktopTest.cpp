@@ -16,8 +16,8 @@
 #include <QWidget>
 
 #include <array>
+#include <bit>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -75,13 +75,9 @@ protected:
 
 TEST_F(HotKeyDesktopTest, everyStoredFormIsReportedOnceAndOnlyExactly)
 {
-    struct
-    {
-        quint32 keyCode;
-        quint32 modifiers;
-        std::vector<quint8> chord;
-        std::vector<quint8> other; // not the hotkey
-    } const rows[] = {
+    using Chord = std::vector<quint8>;
+    // Code and modifiers, the keys, and keys that are not the hotkey.
+    const std::tuple<quint32, quint32, Chord, Chord> rows[] = {
         {49, 0x300, {Key::leftSuper, Key::leftShift, Key::space}, {Key::leftSuper, Key::space}},
         {49, 0x300, {Key::rightShift, Key::rightSuper, Key::space}, {Key::space}},
         {0, 0x1800, {Key::leftControl, Key::leftAlt, Key::a}, {Key::leftControl, Key::a}},
@@ -96,16 +92,14 @@ TEST_F(HotKeyDesktopTest, everyStoredFormIsReportedOnceAndOnlyExactly)
         {93, 0, {132}, {Key::leftAlt, 132}}, // the yen key of JIS boards
         {355, 0x200, {Key::leftShift, 107}, {107}}, // Print
     };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(row.keyCode);
-        ASSERT_EQ(registerMain(row.keyCode, row.modifiers), 0);
-        m_desktop.tap(row.chord);
-        m_desktop.tap(row.other);
-        m_desktop.tap(row.chord);
-        EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main, HotKeyId::Main));
+    for (const auto &[keyCode, modifiers, chord, other] : rows) {
+        ASSERT_EQ(registerMain(keyCode, modifiers), 0);
+        for (const auto &keys : {chord, other, chord})
+            m_desktop.tap(keys);
+        EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main, HotKeyId::Main)) << keyCode;
     }
     m_registrar.unregisterHotKey(HotKeyId::Main);
-    m_desktop.tap(rows[std::size(rows) - 1].chord);
+    m_desktop.tap({Key::leftShift, 107});
     EXPECT_THAT(pressed(), testing::IsEmpty());
 }
 
@@ -114,18 +108,14 @@ TEST_F(HotKeyDesktopTest, lockKeysDoNotMatter)
     // Without a modifier of its own Scroll Lock cannot be in the way.
     ASSERT_EQ(runProcess(u"xmodmap"_s, {u"-e"_s, u"add mod3 = Scroll_Lock"_s}).exitCode, 0);
     ASSERT_EQ(registerMain(49, 0x300), 0);
-    for (unsigned set = 1; set < 8; ++set) {
-        SCOPED_TRACE(set);
-        const auto tapLocks = [this, set] {
-            for (unsigned i = 0; i < 3; ++i)
-                if ((set >> i & 1U) != 0)
-                    m_desktop.tap({std::array{Key::capsLock, Key::numLock, Key::scrollLock}.at(i)});
-        };
-        tapLocks();
+    // Every set of locks, each one key apart from the set before.
+    const std::array locks{Key::capsLock, Key::numLock, Key::scrollLock};
+    for (unsigned i = 1; i < 8; ++i) {
+        m_desktop.tap({locks.at(static_cast<size_t>(std::countr_zero(i)))});
         m_desktop.tap({Key::leftSuper, Key::leftShift, Key::space});
         EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main));
-        tapLocks();
     }
+    m_desktop.tap({Key::scrollLock});
 }
 
 TEST_F(HotKeyDesktopTest, mappingChangesLeaveHotKeysWorking)
@@ -138,23 +128,23 @@ TEST_F(HotKeyDesktopTest, mappingChangesLeaveHotKeysWorking)
             return waitUntil([&] { return !m_pressed.empty(); }, std::chrono::milliseconds(100));
         });
     };
-    const std::vector<quint8> usual{Key::leftControl, Key::leftSuper, Key::leftShift, Key::space};
-    const std::pair<QStringList, std::vector<quint8>> rows[] = {
-        {{u"fr"_s}, usual},
-        {{u"dvorak"_s}, usual},
-        {{u"ru"_s}, usual},
-        {{u"us"_s, u"-option"_s, u"ctrl:swapcaps"_s},
+    using Chord = std::vector<quint8>;
+    const Chord usual{Key::leftControl, Key::leftSuper, Key::leftShift, Key::space};
+    const std::pair<QString, Chord> rows[] = {
+        {u"fr"_s, usual},
+        {u"dvorak"_s, usual},
+        {u"ru"_s, usual},
+        {u"us -option ctrl:swapcaps"_s,
          {Key::capsLock, Key::leftSuper, Key::leftShift, Key::space}},
-        {{u"us"_s, u"-option"_s, u"altwin:swap_alt_win"_s},
+        {u"us -option altwin:swap_alt_win"_s,
          {Key::leftControl, Key::leftAlt, Key::leftShift, Key::space}},
-        {{u"us"_s}, usual}};
+        {u"us"_s, usual}};
     for (const auto &[layout, chord] : rows) {
-        SCOPED_TRACE(layout.join(u' ').toStdString());
-        m_desktop.setLayout(layout);
-        EXPECT_TRUE(isReported(chord));
+        m_desktop.setLayout(layout.split(u' '));
+        EXPECT_TRUE(isReported(chord)) << layout.toStdString();
         m_pressed.clear();
         m_desktop.tap(chord);
-        EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main));
+        EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main)) << layout.toStdString();
     }
     // Super on another modifier bit.
     for (const auto &change : {u"clear mod3"_s, u"clear mod4"_s, u"add mod3 = Super_L"_s})
@@ -257,13 +247,9 @@ std::unique_ptr<Backends> backendsOn(const QByteArray &display)
     return backends;
 }
 
-TEST_F(HotKeyDesktopTest, withoutDisplayNothingWorksAndNothingBreaks)
+TEST_F(HotKeyDesktopTest, withoutServerNothingWorksAndAServerThatDiesLeavesNoBusyLoop)
 {
     EXPECT_TRUE(backendsOn(":987")->isDead());
-}
-
-TEST_F(HotKeyDesktopTest, serverThatDiesLeavesNoBusyLoop)
-{
     QProcess server;
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
     QByteArray number;
@@ -291,29 +277,24 @@ TEST_F(HotKeyDesktopTest, modifierMonitorTellsSidesAndIgnoresOurKeys)
     X11SyntheticKeyboard keyboard(m_input);
     std::vector<KeyEvent> events;
     ASSERT_TRUE(monitor.start([&events](const KeyEvent &event) { events.push_back(event); }));
-    struct
-    {
-        quint8 key;
-        quint32 keyCode;
-        quint32 flag;
-    } const rows[] = {{Key::leftSuper, 55, ModifierFlag::command},
-                      {Key::rightSuper, 54, ModifierFlag::command},
-                      {Key::leftShift, 56, ModifierFlag::shift},
-                      {Key::rightShift, 60, ModifierFlag::shift},
-                      {Key::leftAlt, 58, ModifierFlag::option},
-                      {Key::rightAlt, 61, ModifierFlag::option},
-                      {Key::leftControl, 59, ModifierFlag::control},
-                      {Key::rightControl, 62, ModifierFlag::control}};
-    for (const auto &row : rows) {
-        SCOPED_TRACE(row.keyCode);
-        m_desktop.press(row.key);
+    const std::tuple<quint8, quint32, quint32> rows[] = {
+        {Key::leftSuper, 55, ModifierFlag::command},
+        {Key::rightSuper, 54, ModifierFlag::command},
+        {Key::leftShift, 56, ModifierFlag::shift},
+        {Key::rightShift, 60, ModifierFlag::shift},
+        {Key::leftAlt, 58, ModifierFlag::option},
+        {Key::rightAlt, 61, ModifierFlag::option},
+        {Key::leftControl, 59, ModifierFlag::control},
+        {Key::rightControl, 62, ModifierFlag::control}};
+    for (const auto &[key, keyCode, flag] : rows) {
+        m_desktop.press(key);
         m_desktop.tap({Key::a});
         // A paste with the key held lifts it and puts it down again.
         EXPECT_TRUE(keyboard.post(PasteChord::ControlV));
-        m_desktop.release(row.key);
+        m_desktop.release(key);
         EXPECT_TRUE(waitUntil([&] { return events.size() >= 2; }));
         EXPECT_THAT(std::exchange(events, {}),
-                    ElementsAre(KeyEvent{row.keyCode, row.flag, {}}, KeyEvent{row.keyCode, 0, {}}));
+                    ElementsAre(KeyEvent{keyCode, flag, {}}, KeyEvent{keyCode, 0, {}}));
     }
     m_desktop.tap({Key::leftShift, Key::rightShift});
     EXPECT_TRUE(waitUntil([&] { return events.size() >= 4; }));

@@ -11,7 +11,6 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
-#include <QProcess>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,18 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Editor
-{
-    QString program;
-    QStringList arguments; // the file's path follows
-};
-
-const Editor mousepad{u"mousepad"_s, {u"--disable-server"_s}};
-const Editor featherpad{u"featherpad"_s, {u"--standalone"_s}};
-// Writes what is typed to the file as it comes, without the line editing of a terminal.
-const Editor xterm{u"xterm"_s,
-                   {u"-e"_s, u"sh"_s, u"-c"_s, u"stty -icanon -echo -isig; cat > \"$0\""_s}};
-
 const QByteArray shortText =
     "你好，世界 😀👩‍👩‍👧\n\tsecond “line”\n\nlast\n";
 
@@ -43,10 +30,34 @@ struct PasteCase
 {
     const char *name;
     QByteArray text = shortText;
-    QStringList layout = {};
+    QStringList layout = {u"us"_s};
     std::vector<quint8> held = {};
     std::vector<quint8> locks = {}; // tapped before and after
 };
+
+const PasteCase rows[] = {
+    {"plain"},
+    {"long", longText},
+    {"Dvorak", shortText, {u"dvorak"_s}},
+    {"French", shortText, {u"fr"_s}},
+    {"French, AltGr held", shortText, {u"fr"_s}, {Key::rightAlt}},
+    {"Russian", shortText, {u"ru"_s}},
+    {"Russian as second layout",
+     shortText,
+     {u"us,ru"_s, u"-option"_s, u"grp:sclk_toggle"_s},
+     {},
+     {Key::scrollLock}},
+    {"Control and Caps swapped", shortText, {u"us"_s, u"-option"_s, u"ctrl:swapcaps"_s}},
+    {"locks on", shortText, {u"us"_s}, {}, {Key::capsLock, Key::numLock, Key::scrollLock}},
+    {"Shift held", shortText, {u"us"_s}, {Key::leftShift}},
+    {"Super held", shortText, {u"us"_s}, {Key::leftSuper}},
+    {"left Alt held", shortText, {u"us"_s}, {Key::leftAlt}},
+    {"right Alt held", shortText, {u"us"_s}, {Key::rightAlt}},
+    {"Controls held", shortText, {u"us"_s}, {Key::leftControl, Key::rightControl}},
+    {"all held",
+     shortText,
+     {u"us"_s},
+     {Key::rightShift, Key::rightSuper, Key::leftAlt, Key::rightControl}}};
 
 // Notices that an application asks for the text we offer: it has taken the keys then.
 class FetchCounter final : public QAbstractNativeEventFilter
@@ -65,13 +76,11 @@ public:
 class PasteDesktopTest : public testing::Test
 {
 protected:
-    void open(const Editor &editor)
+    void open(const QString &program, const QStringList &arguments)
     {
         m_home.write(u"text.txt"_s, "");
-        m_isTerminal = &editor == &xterm;
-        m_editor = m_desktop.start(editor.program,
-                                   editor.arguments + QStringList{m_home.path(u"text.txt"_s)},
-                                   editor.program);
+        const auto file = m_home.path(u"text.txt"_s);
+        m_editor = m_desktop.start(program, arguments + QStringList{file}, program);
     }
 
     // Pastes as the application does, off the main thread, and waits until the text is asked for.
@@ -108,8 +117,7 @@ protected:
     // Pastes the row's text after what the editor holds, and once more with no key held.
     void pasteRow(const PasteCase &row)
     {
-        if (!row.layout.isEmpty())
-            m_desktop.setLayout(row.layout);
+        m_desktop.setLayout(row.layout);
         for (const auto key : row.locks)
             m_desktop.tap({key});
         for (const auto key : row.held)
@@ -119,8 +127,7 @@ protected:
         for (const auto key : row.held)
             m_desktop.release(key);
         EXPECT_TRUE(isNoKeyDown());
-        if (!row.layout.isEmpty())
-            m_desktop.setLayout({u"us"_s});
+        m_desktop.setLayout({u"us"_s});
         m_expected += row.text;
         ASSERT_TRUE(holds(m_expected)) << m_home.read(u"text.txt"_s).right(500).toStdString();
         m_desktop.takeSelections();
@@ -132,9 +139,8 @@ protected:
             m_desktop.tap({key});
     }
 
-    void pasteRows(const Editor &editor, const std::vector<PasteCase> &rows)
+    void pasteEverything()
     {
-        open(editor);
         for (const auto &row : rows) {
             SCOPED_TRACE(row.name);
             ASSERT_NO_FATAL_FAILURE(pasteRow(row));
@@ -148,59 +154,28 @@ protected:
     X11SyntheticKeyboard m_keyboard{m_input};
     FetchCounter m_fetches;
     bool m_isTerminal = false;
-    ForeignApplication m_editor;
+    std::unique_ptr<QProcess> m_editor;
     QByteArray m_expected;
 };
 
-const std::vector<quint8> locks{Key::capsLock, Key::numLock, Key::scrollLock};
-
 TEST_F(PasteDesktopTest, mousepadGetsTextOnEveryLayoutWhateverIsHeld)
 {
-    pasteRows(mousepad,
-              {{"plain"},
-               {"long", longText},
-               {"Dvorak", shortText, {u"dvorak"_s}},
-               {"French", shortText, {u"fr"_s}},
-               {"French, AltGr held", shortText, {u"fr"_s}, {Key::rightAlt}},
-               {"Russian", shortText, {u"ru"_s}},
-               {"Russian as second layout",
-                shortText,
-                {u"us,ru"_s, u"-option"_s, u"grp:sclk_toggle"_s},
-                {},
-                {Key::scrollLock}},
-               {"Control and Caps swapped", shortText, {u"us"_s, u"-option"_s, u"ctrl:swapcaps"_s}},
-               {"locks on", shortText, {}, {}, locks},
-               {"Shift held", shortText, {}, {Key::leftShift}},
-               {"Super held", shortText, {}, {Key::leftSuper}},
-               {"Alt held", shortText, {}, {Key::leftAlt}},
-               {"Control held", shortText, {}, {Key::leftControl}},
-               {"all held",
-                shortText,
-                {},
-                {Key::rightShift, Key::leftSuper, Key::leftAlt, Key::rightControl}}});
+    open(u"mousepad"_s, {u"--disable-server"_s});
+    pasteEverything();
 }
 
-TEST_F(PasteDesktopTest, featherpadGetsTextWhateverIsHeld)
+TEST_F(PasteDesktopTest, featherpadGetsTextOnEveryLayoutWhateverIsHeld)
 {
-    pasteRows(featherpad,
-              {{"plain"},
-               {"long", longText},
-               {"Russian", shortText, {u"ru"_s}},
-               {"Alt held", shortText, {}, {Key::leftAlt}},
-               {"Super and Shift held", shortText, {}, {Key::rightSuper, Key::rightShift}}});
+    open(u"featherpad"_s, {u"--standalone"_s});
+    pasteEverything();
 }
 
-TEST_F(PasteDesktopTest, xtermGetsTextWhateverIsHeld)
+TEST_F(PasteDesktopTest, xtermGetsTextOnEveryLayoutWhateverIsHeld)
 {
-    pasteRows(xterm,
-              {{"plain"},
-               {"long", longText},
-               {"Russian", shortText, {u"ru"_s}},
-               {"locks on", shortText, {}, {}, locks},
-               {"Shift held", shortText, {}, {Key::leftShift}},
-               {"Super held", shortText, {}, {Key::leftSuper}},
-               {"Alt held", shortText, {}, {Key::rightAlt}},
-               {"Controls held", shortText, {}, {Key::leftControl, Key::rightControl}}});
+    // Writes what is typed to the file as it comes, without the line editing of a terminal.
+    m_isTerminal = true;
+    open(u"xterm"_s, {u"-e"_s, u"sh"_s, u"-c"_s, u"stty -icanon -echo -isig; cat > \"$0\""_s});
+    pasteEverything();
 }
 
 } // namespace
