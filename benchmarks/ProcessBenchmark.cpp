@@ -15,6 +15,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto settling = 3s;
+// The threads that Qt draws with end when they have had no work for half a minute.
+constexpr auto idleSettling = 35s;
 constexpr auto idleWindow = 60s;
 constexpr auto overlayWindow = 10s;
 
@@ -47,7 +49,7 @@ struct IdleFigures
 IdleFigures idleFigures(pid_t process)
 {
     IdleFigures figures;
-    std::this_thread::sleep_for(settling);
+    std::this_thread::sleep_for(idleSettling);
     figures.memory = ProcessFigures::memory(process);
     const auto before = ProcessFigures::activity(process);
     std::this_thread::sleep_for(idleWindow);

@@ -6,6 +6,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QImage>
 #include <QScreen>
 
 namespace {
@@ -27,7 +28,8 @@ void VoiceOverlayController::prepare()
     if (m_panel)
         return;
     buildPanel();
-    m_panel->grab();
+    QImage canvas(m_panel->size(), QImage::Format_ARGB32_Premultiplied);
+    m_panel->render(&canvas);
 }
 
 void VoiceOverlayController::show(const VoiceOverlayMode &mode)
