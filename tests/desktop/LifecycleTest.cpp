@@ -87,9 +87,12 @@ TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
     WrenfoldApplication first;
     ASSERT_TRUE(isNow(u"Launch finished."_s));
     EXPECT_EQ(WrenfoldApplication().waitForExit(), 0);
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(
-        u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
-            first.processId())));
+    const auto shown = u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
+        first.processId());
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(shown));
+    runCommand(
+        u"dbus-send --session --type=signal /local/wrenfold local.wrenfold.showMainWindow"_s);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(shown, 2));
     EXPECT_TRUE(first.isRunning());
 }
 

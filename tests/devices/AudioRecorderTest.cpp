@@ -37,7 +37,6 @@ TEST_F(AudioRecorderTest, RecordsIntoANewPrivateFileEachTime)
 {
     const auto first = start();
     EXPECT_EQ(stop(), first);
-    EXPECT_EQ(m_system.recordingsInProgress, 0);
     const auto second = start();
     EXPECT_NE(first, second);
     EXPECT_EQ(stop(), second);
@@ -58,22 +57,14 @@ TEST_F(AudioRecorderTest, RefusedRecordingIsLoggedAndLeavesNothing)
     using Permission = MicrophonePermission;
     const auto line = u"INFO AVAudioRecorder start result. prepared=%1 started=false "
                       "tempDirectoryWritable=true permission=%2"_s;
-    const std::tuple<bool, bool, Permission, QString, QString> rows[] = {
-        {false, true, Permission::Denied, {}, line.arg(u"false"_s, u"denied input=默认麦克风"_s)},
-        {true,
-         false,
-         Permission::Restricted,
-         u"%1"_s,
-         line.arg(u"true"_s, u"restricted input=%1"_s)},
-        {true,
-         false,
-         Permission::NotDetermined,
-         u"USB"_s,
-         line.arg(u"true"_s, u"notDetermined input=USB"_s)},
+    const std::tuple<bool, Permission, QString, QString> rows[] = {
+        {false, Permission::Denied, {}, line.arg(u"false"_s, u"denied input=默认麦克风"_s)},
+        {true, Permission::Restricted, u"%1"_s, line.arg(u"true"_s, u"restricted input=%1"_s)},
+        {true, Permission::NotDetermined, u"U"_s, line.arg(u"true"_s, u"notDetermined input=U"_s)},
     };
-    for (const auto &[canPrepare, canRecord, permission, inputName, logged] : rows) {
+    for (const auto &[canPrepare, permission, inputName, logged] : rows) {
         m_system.canPrepare = canPrepare;
-        m_system.canRecord = canRecord;
+        m_system.canRecord = !canPrepare;
         m_system.permission = permission;
         m_system.inputName = inputName;
         EXPECT_FALSE(m_recorder.requestPermission());

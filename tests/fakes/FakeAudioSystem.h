@@ -21,7 +21,6 @@ public:
     bool canRecord = true;
     float powerDb = -160;
     QByteArray content = QByteArray(44, '\0');
-    int recordingsInProgress = 0;
 
     [[nodiscard]] QString defaultInputName() override { return inputName; }
     [[nodiscard]] MicrophonePermission microphonePermission() override { return permission; }
@@ -43,32 +42,17 @@ private:
             if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
                 throw LocalizedError(m_file.errorString());
         }
-        ~Engine() override { end(); }
-
         [[nodiscard]] bool prepareToRecord() override { return m_system.canPrepare; }
-        [[nodiscard]] bool record() override
-        {
-            m_isRecording = m_system.canRecord;
-            m_system.recordingsInProgress += m_isRecording ? 1 : 0;
-            return m_isRecording;
-        }
+        [[nodiscard]] bool record() override { return m_system.canRecord; }
         void stop() override
         {
             m_file.write(m_system.content);
             m_file.close();
-            end();
         }
         [[nodiscard]] float averagePowerDb() const override { return m_system.powerDb; }
 
     private:
-        void end()
-        {
-            m_system.recordingsInProgress -= m_isRecording ? 1 : 0;
-            m_isRecording = false;
-        }
-
         FakeAudioSystem &m_system;
         QFile m_file;
-        bool m_isRecording = false;
     };
 };

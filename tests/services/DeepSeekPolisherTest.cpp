@@ -102,9 +102,4 @@ TEST_F(DeepSeekPolisherTest, ChecksTheSettingsBeforeAnyNetworkUse)
     m_config.apiKey = u" \u2028"_s;
     EXPECT_EQ(serviceOutcome(call),
               "configMissing: 请先在 ~/.wrenfold/config.json 填入 DeepSeek apiKey。");
-    for (const auto &key : {u"sk\r\nX-Injected: 1"_s, u"密钥"_s}) {
-        m_config.apiKey = key;
-        EXPECT_EQ(outcomeOf(200, choices(choice("\"a\""))), "invalidRequest");
-        EXPECT_EQ(m_requests.size(), 0);
-    }
 }

@@ -18,6 +18,7 @@ namespace {
 
 using Flaw = TestCertificates::Flaw;
 using Manner = ScriptedAnswer::Manner;
+using Tls = std::optional<QSslConfiguration>;
 
 HttpRequest requestTo(const QUrl &url, const QByteArray &body = "{}")
 {
@@ -41,23 +42,20 @@ std::string sent(HttpSession &session, const HttpRequest &request)
 TEST(HttpSession, FailsClearlyAfterExactlyOneRequestWhenTheExchangeBreaks)
 {
     TestCertificates certificates;
-    const auto tls = certificates.server();
-    for (const auto manner : {Manner::CloseBefore,
-                              Manner::ResetBefore,
-                              Manner::CloseInTheMiddle,
-                              Manner::ResetInTheMiddle,
-                              Manner::Silence})
-        for (const bool isEncrypted : {false, true})
+    const Tls encryptions[] = {{}, certificates.server()};
+    const std::pair<Manner, const char *> rows[] = {{Manner::CloseBefore, "network"},
+                                                    {Manner::ResetBefore, "network"},
+                                                    {Manner::CloseInTheMiddle, "network"},
+                                                    {Manner::ResetInTheMiddle, "network"},
+                                                    {Manner::Silence, "timedOut"}};
+    for (const auto &[manner, expected] : rows)
+        for (const auto &tls : encryptions)
             for (const int size : {2, 300'000}) {
-                const ScriptedHttpServer server(
-                    ScriptedAnswer{.body = "half of this", .manner = manner},
-                    isEncrypted ? std::optional(tls) : std::nullopt);
+                const ScriptedHttpServer server({.body = "half of this", .manner = manner}, tls);
                 HttpSession session(certificates.client());
                 auto request = requestTo(server.url(), QByteArray(size, 'x'));
                 request.inactivityLimit = 400ms;
-                EXPECT_EQ(sent(session, request),
-                          manner == Manner::Silence ? "timedOut" : "network")
-                    << static_cast<int>(manner) << isEncrypted << size;
+                EXPECT_EQ(sent(session, request), expected) << server.url().scheme().toStdString();
                 EXPECT_EQ(server.requests().size(), 1);
                 EXPECT_EQ(server.connections(), 1);
             }
@@ -193,14 +191,11 @@ TEST(HttpSession, UsesTheEnvironmentsProxyAlsoWhenOpeningAhead)
 TEST(HttpSession, OpensConnectionsAheadThatTheRequestThenUses)
 {
     TestCertificates certificates;
-    const auto tls = certificates.server();
-    for (const bool isEncrypted : {false, true}) {
-        const ScriptedHttpServer server(ScriptedAnswer{},
-                                        isEncrypted ? std::optional(tls) : std::nullopt);
+    const Tls encryptions[] = {{}, certificates.server()};
+    for (const auto &tls : encryptions) {
+        const ScriptedHttpServer server(ScriptedAnswer{}, tls);
         HttpSession session(certificates.client());
-        const auto isOpen = [&] {
-            return isEncrypted ? server.handshakes() == 1 : server.connections() == 1;
-        };
+        const auto isOpen = [&] { return (tls ? server.handshakes() : server.connections()) == 1; };
         for (int round = 0; round < 3; ++round) {
             session.openAhead(server.url(u"/some/path"_s));
             ASSERT_TRUE(waitUntil(isOpen));

@@ -4,15 +4,7 @@
 
 #include <gtest/gtest.h>
 
-// What the sanitizers of a sanitized build look for, and that a finding fails the test.
-extern "C" const char *__asan_default_options() // NOLINT(bugprone-reserved-identifier)
-{
-    return "detect_leaks=1:abort_on_error=1";
-}
-extern "C" const char *__ubsan_default_options() // NOLINT(bugprone-reserved-identifier)
-{
-    return "print_stacktrace=1:halt_on_error=1";
-}
+// What the race detector is told, in a build that has it.
 extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-identifier)
 {
     // QProcess shares its memory with the child until exec, which looks like a fork that went on.

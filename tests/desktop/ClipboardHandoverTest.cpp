@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Process.h"
 #include "SelectionOwner.h"
-#include "ShowWindowChannel.h"
 #include "WaitUntil.h"
 #include "X11ClipboardHandover.h"
 
@@ -52,23 +51,6 @@ private:
 const auto handOver = [] { handOverClipboard(); };
 
 } // namespace
-
-TEST(ShowWindowChannel, reachesTheInstanceThatObserves)
-{
-    ShowWindowChannel channel;
-    int requests = 0;
-    ASSERT_TRUE(channel.observe([&requests] { ++requests; }));
-    EXPECT_TRUE(ShowWindowChannel().post());
-    EXPECT_TRUE(waitUntil([&requests] { return requests == 1; }));
-    const auto signal =
-        u"dbus-send --session --type=signal /local/wrenfold local.wrenfold.showMainWindow"_s;
-    runCommand(signal);
-    EXPECT_TRUE(waitUntil([&requests] { return requests == 2; }));
-    channel.stop();
-    runCommand(signal);
-    EXPECT_TRUE(ShowWindowChannel().post());
-    EXPECT_EQ(requests, 2);
-}
 
 TEST(ClipboardHandover, leavesTheTextWithTheClipboardManager)
 {
