@@ -56,17 +56,6 @@ QString failureMessage(ProcessingFailureStage stage)
     Q_UNREACHABLE();
 }
 
-bool isRecordingFailure(const std::exception_ptr &error)
-{
-    try {
-        std::rethrow_exception(error);
-    } catch (const HushwireError &known) {
-        return known.kind() == HushwireError::Kind::RecordingFailed;
-    } catch (...) {
-        return false;
-    }
-}
-
 } // namespace
 
 DictationSession::DictationSession(Collaborators collaborators)

@@ -110,6 +110,12 @@ bool isAccessibilityPermissionError(const std::exception_ptr &error)
         && known->localizedDescription().contains(u"辅助功能"_s);
 }
 
+bool isRecordingFailure(const std::exception_ptr &error)
+{
+    const auto known = asHushwireError(error);
+    return known && known->kind() == HushwireError::Kind::RecordingFailed;
+}
+
 std::exception_ptr withoutSecrets(const std::exception_ptr &error, const QStringList &secrets)
 {
     if (!error)

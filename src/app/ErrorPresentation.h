@@ -13,6 +13,9 @@
 // Whether the error says that this process may not post input to other applications.
 [[nodiscard]] bool isAccessibilityPermissionError(const std::exception_ptr &error);
 
+// Whether the error says that a recording could not be started or stopped.
+[[nodiscard]] bool isRecordingFailure(const std::exception_ptr &error);
+
 // The same error for the log: its description with every echo of a secret (an API key, a
 // transcript) blotted out, also where it is cut short or escaped as JSON or in a URL. A null error
 // stays null.
