@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "ClosureButton.h"
+
+#include "FocusFrame.h"
+#include "InterfaceFont.h"
+#include "Palette.h"
+
+#include <QPainter>
+
+namespace {
+
+// Of a link: room for the focus frame.
+constexpr int linkMargin = 2;
+
+} // namespace
+
+ClosureButton::ClosureButton(const QString &title, Style style, std::function<void()> action)
+    : QPushButton(title)
+    , onClick(std::move(action))
+    , m_style(style)
+{
+    setAutoDefault(false);
+    if (style == Style::Link) {
+        auto font = interfaceFont(12);
+        font.setUnderline(true);
+        setFont(font);
+        setCursor(Qt::PointingHandCursor);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    connect(this, &QPushButton::clicked, this, [this] {
+        if (onClick)
+            onClick();
+    });
+}
+
+QSize ClosureButton::sizeHint() const
+{
+    if (m_style == Style::Rounded)
+        return QPushButton::sizeHint();
+    return fontMetrics().size(Qt::TextSingleLine, text()) + QSize(2 * linkMargin, 2 * linkMargin);
+}
+
+void ClosureButton::paintEvent(QPaintEvent *event)
+{
+    if (m_style == Style::Rounded)
+        QPushButton::paintEvent(event);
+    else
+        paintLink();
+}
+
+void ClosureButton::paintLink()
+{
+    QPainter painter(this);
+    painter.setPen(Palette::color(SemanticColor::Link));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+    drawFocusFrame(painter, *this);
+}

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "InterfaceStyle.h"
+
+#include "Palette.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal controlRadius = 6;
+constexpr qreal focusWidth = 2;
+
+bool has(const QStyleOption &option, QStyle::StateFlag state)
+{
+    return option.state.testFlag(state);
+}
+
+void drawRoundedRect(QPainter &painter, const QRectF &rect, const QPen &pen, const QBrush &brush)
+{
+    const auto inset = pen.widthF() / 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(pen);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(
+        rect.adjusted(inset, inset, -inset, -inset), controlRadius, controlRadius);
+    painter.restore();
+}
+
+QPen outline(const QStyleOption &option)
+{
+    if (has(option, QStyle::State_HasFocus))
+        return {Palette::color(SemanticColor::ControlAccent), focusWidth};
+    return {Palette::color(SemanticColor::Label, 0.18), 1};
+}
+
+void drawButton(QPainter &painter, const QStyleOption &option)
+{
+    drawRoundedRect(
+        painter, option.rect, outline(option), Palette::color(SemanticColor::ControlBackground));
+    const bool isEnabled = has(option, QStyle::State_Enabled);
+    if (isEnabled && has(option, QStyle::State_Sunken))
+        drawRoundedRect(
+            painter, option.rect, Qt::NoPen, Palette::color(SemanticColor::Label, 0.12));
+    else if (isEnabled && has(option, QStyle::State_MouseOver))
+        drawRoundedRect(
+            painter, option.rect, Qt::NoPen, Palette::color(SemanticColor::Label, 0.05));
+}
+
+void drawChevron(QPainter &painter, const QRectF &rect)
+{
+    const auto centre = rect.center();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Palette::color(SemanticColor::SecondaryLabel),
+                        1.5,
+                        Qt::SolidLine,
+                        Qt::RoundCap,
+                        Qt::RoundJoin));
+    const std::array<QPointF, 3> points{
+        centre + QPointF(-4, -2), centre + QPointF(0, 2), centre + QPointF(4, -2)};
+    painter.drawPolyline(points.data(), int(points.size()));
+    painter.restore();
+}
+
+} // namespace
+
+InterfaceStyle::InterfaceStyle()
+    : QProxyStyle(u"Fusion"_s)
+{}
+
+void InterfaceStyle::drawPrimitive(PrimitiveElement element,
+                                   const QStyleOption *option,
+                                   QPainter *painter,
+                                   const QWidget *widget) const
+{
+    switch (element) {
+    case PE_PanelButtonCommand:
+        drawButton(*painter, *option);
+        return;
+    case PE_FrameFocusRect:
+        drawRoundedRect(*painter,
+                        option->rect,
+                        QPen(Palette::color(SemanticColor::ControlAccent), focusWidth),
+                        Qt::NoBrush);
+        return;
+    case PE_PanelLineEdit:
+        drawRoundedRect(*painter, option->rect, outline(*option), option->palette.base());
+        return;
+    case PE_Frame:
+        drawRoundedRect(*painter, option->rect, outline(*option), Qt::NoBrush);
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void InterfaceStyle::drawComplexControl(ComplexControl control,
+                                        const QStyleOptionComplex *option,
+                                        QPainter *painter,
+                                        const QWidget *widget) const
+{
+    if (control != CC_ComboBox) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    drawButton(*painter, *option);
+    drawChevron(*painter, subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget));
+}
+
+int InterfaceStyle::pixelMetric(PixelMetric metric,
+                                const QStyleOption *option,
+                                const QWidget *widget) const
+{
+    // A pressed button shows it by its colour.
+    if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical)
+        return 0;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}

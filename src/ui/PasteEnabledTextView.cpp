@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "PasteEnabledTextView.h"
+
+#include "ContextMenu.h"
+#include "EditingShortcut.h"
+#include "Pasteboard.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+PasteEnabledTextView::PasteEnabledTextView()
+{
+    setTabChangesFocus(true);
+}
+
+bool PasteEnabledTextView::performKeyEquivalent(const QKeyEvent &event)
+{
+    const auto key = editingShortcut(event);
+    if (key == Qt::Key_V)
+        pastePlainText();
+    else if (key == Qt::Key_A)
+        selectAll();
+    else if (key == Qt::Key_C || (key == Qt::Key_X && isReadOnly()))
+        copy();
+    else if (key == Qt::Key_X)
+        cut();
+    else
+        return false;
+    return true;
+}
+
+void PasteEnabledTextView::keyPressEvent(QKeyEvent *event)
+{
+    if (!performKeyEquivalent(*event))
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+void PasteEnabledTextView::contextMenuEvent(QContextMenuEvent *event)
+{
+    popUpContextMenu(*this,
+                     event->globalPos(),
+                     {{u"剪切"_s, [this] { cutFromMenu(); }},
+                      {u"复制"_s, [this] { copy(); }},
+                      {u"粘贴"_s, [this] { pastePlainText(); }},
+                      {},
+                      {u"全选"_s, [this] { selectAll(); }}});
+}
+
+void PasteEnabledTextView::pastePlainText()
+{
+    if (isReadOnly()) {
+        QApplication::beep();
+        return;
+    }
+    setFocus(Qt::OtherFocusReason);
+    const auto text = plainTextFromPasteboard();
+    if (!text) {
+        QApplication::beep();
+        return;
+    }
+    insertPlainText(*text);
+    ensureCursorVisible();
+}
+
+void PasteEnabledTextView::cutFromMenu()
+{
+    if (isReadOnly())
+        QApplication::beep();
+    else
+        cut();
+}
