@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "TcpSockets.h"
 
-#include <QDir>
-
+#include <cstdlib>
+#include <dirent.h>
+#include <memory>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 
 #include <sys/socket.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,10 +24,10 @@ bool isTcp(int descriptor)
 
 void TcpSockets::sendWithoutDelay()
 {
-    const auto descriptors = QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System);
-    for (const auto &name : descriptors) {
+    const std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir("/proc/self/fd"), &::closedir);
+    while (const auto *entry = directory ? ::readdir(directory.get()) : nullptr) {
         constexpr int on = 1;
-        const int descriptor = name.toInt();
+        const int descriptor = std::atoi(entry->d_name);
         if (isTcp(descriptor))
             ::setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     }
