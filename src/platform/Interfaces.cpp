@@ -3,6 +3,7 @@
 
 // The interfaces' destructors live here, so that each has one home for its virtual table.
 #include "AudioSystem.h"
+#include "ColorSchemeWatch.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
 #include "SyntheticKeyboard.h"
@@ -10,6 +11,7 @@
 
 RecordingEngine::~RecordingEngine() = default;
 AudioSystem::~AudioSystem() = default;
+ColorSchemeWatch::~ColorSchemeWatch() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;

@@ -6,9 +6,23 @@
 #include "InterfaceStyle.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QPalette>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
 
 namespace {
+
+// Of dialog buttons and text menus. Without the translations' package they stay English.
+void installTranslation()
+{
+    auto *translator = new QTranslator(QCoreApplication::instance());
+    const QLocale chinese(QLocale::Chinese, QLocale::China);
+    if (translator->load(
+            chinese, u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+}
 
 QPalette applicationPalette()
 {
@@ -35,6 +49,7 @@ QPalette applicationPalette()
 
 void Appearance::install()
 {
+    installTranslation();
     QApplication::setStyle(new InterfaceStyle);
     QApplication::setFont(interfaceFont(13));
     QApplication::setPalette(applicationPalette());

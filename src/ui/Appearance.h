@@ -4,10 +4,11 @@
 
 #include "Palette.h"
 
-// How every window of the application looks: its widget style, font and colours.
+// How every window of the application looks, and which language Qt's own texts have.
 namespace Appearance {
 
-// Puts the look in place, in the scheme in force. To be called once, before the first window.
+// Puts the widget style, the font, the colours of the scheme in force and Qt's Chinese texts in
+// place. To be called once, before the first window.
 void install();
 // Changes the scheme; what is on the screen follows at once.
 void setColorScheme(ColorScheme scheme);

@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
+#include "ColorScheme.h"
 
-enum class ColorScheme {
-    Light,
-    Dark,
-};
+#include <QColor>
 
 // What a colour is for. Each scheme has its own value.
 enum class SemanticColor {

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ColorSchemeWatch.h"
+
+#include <QObject>
+
+class QDBusVariant;
+
+// The desktop's settings as its portal publishes them
+// (org.freedesktop.portal.Settings, namespace org.freedesktop.appearance).
+class SettingsPortal final : public QObject, public ColorSchemeWatch
+{
+    Q_OBJECT
+public:
+    void start(Handler handler) override;
+
+private slots:
+    void takeChange(const QString &nameSpace, const QString &key, const QDBusVariant &value);
+
+private:
+    void take(const QVariant &value);
+
+    Handler m_handler;
+};

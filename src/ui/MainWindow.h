@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "MainWindowPage.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QStackedLayout;
+class Sidebar;
+
+// The main window's frame: the sidebar and the place where one page is shown.
+class MainWindow final : public QWidget
+{
+public:
+    // The pages come in sidebar order; the window takes them over.
+    MainWindow(const QList<QWidget *> &pages, std::function<void(MainWindowPage)> onPageClick);
+
+    // Absent before the first page is shown.
+    [[nodiscard]] std::optional<MainWindowPage> currentPage() const { return m_currentPage; }
+    void setCurrentPage(MainWindowPage page);
+
+protected:
+    // Gets the keys that the focused control has left alone: an editing shortcut goes to the first
+    // text field or view of the page that takes it.
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    Sidebar *m_sidebar;
+    QStackedLayout *m_pages;
+    std::optional<MainWindowPage> m_currentPage;
+};
