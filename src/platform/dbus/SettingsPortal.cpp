@@ -30,14 +30,11 @@ QString interface()
     return u"org.freedesktop.portal.Settings"_s;
 }
 
-QString appearance()
+// The portal wraps its answer twice.
+ColorScheme schemeIn(const QDBusVariant &answer)
 {
-    return u"org.freedesktop.appearance"_s;
-}
-
-QString colorScheme()
-{
-    return u"color-scheme"_s;
+    const auto value = qvariant_cast<QDBusVariant>(answer.variant()).variant();
+    return value.toUInt() == preferDark ? ColorScheme::Dark : ColorScheme::Light;
 }
 
 } // namespace
@@ -48,37 +45,20 @@ void SettingsPortal::start(Handler handler)
     if (!bus.isConnected())
         return;
     m_handler = std::move(handler);
-    bus.connect(service(),
-                path(),
-                interface(),
-                u"SettingChanged"_s,
-                this,
-                SLOT(takeChange(QString, QString, QDBusVariant)));
+    bus.connect(service(), path(), interface(), u"SettingChanged"_s, this, SLOT(ask()));
+    ask();
+}
 
+void SettingsPortal::ask()
+{
     auto question = QDBusMessage::createMethodCall(service(), path(), interface(), u"Read"_s);
-    question << appearance() << colorScheme();
-    auto *answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    question << u"org.freedesktop.appearance"_s << u"color-scheme"_s;
+    auto *answer =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusVariant> value = *answer;
         if (value.isValid())
-            take(value.value().variant());
+            m_handler(schemeIn(value.value()));
     });
-}
-
-void SettingsPortal::takeChange(const QString &nameSpace,
-                                const QString &key,
-                                const QDBusVariant &value)
-{
-    if (nameSpace == appearance() && key == colorScheme())
-        take(value.variant());
-}
-
-void SettingsPortal::take(const QVariant &value)
-{
-    // Read's answer is wrapped twice.
-    const auto inner = value.userType() == qMetaTypeId<QDBusVariant>()
-        ? value.value<QDBusVariant>().variant()
-        : value;
-    m_handler(inner.toUInt() == preferDark ? ColorScheme::Dark : ColorScheme::Light);
 }

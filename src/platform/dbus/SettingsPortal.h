@@ -6,8 +6,6 @@
 
 #include <QObject>
 
-class QDBusVariant;
-
 // The desktop's settings as its portal publishes them
 // (org.freedesktop.portal.Settings, namespace org.freedesktop.appearance).
 class SettingsPortal final : public QObject, public ColorSchemeWatch
@@ -17,10 +15,8 @@ public:
     void start(Handler handler) override;
 
 private slots:
-    void takeChange(const QString &nameSpace, const QString &key, const QDBusVariant &value);
+    void ask();
 
 private:
-    void take(const QVariant &value);
-
     Handler m_handler;
 };
