@@ -7,6 +7,8 @@
 #include "HotKeyFormatter.h"
 #include "Text.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,6 +51,7 @@ void GlobalHotKeys::registerHotKey()
     AppLogger::info("Registering hotkey. displayName="_L1 + hotKey.displayName + " modifierOnly="_L1
                     + flagText(hotKey.isModifierOnly()));
     m_registrar.unregisterHotKey(HotKeyId::Main);
+    m_combination.reset();
     removeModifierHotKeyMonitor();
     if (!hotKey.isModifierOnly()) {
         registerCombination(hotKey);
@@ -61,14 +64,35 @@ void GlobalHotKeys::registerHotKey()
 
 void GlobalHotKeys::registerCombination(const HotKeyConfig &hotKey)
 {
-    const int status = m_registrar.registerHotKey(HotKeyId::Main, hotKey.keyCode, hotKey.modifiers);
-    if (status != 0) {
-        AppLogger::error("Hotkey registration failed. displayName="_L1 + hotKey.displayName
-                         + " status="_L1 + QString::number(status));
+    if (!takeCombination(hotKey))
         return;
-    }
     showToolTip(hotKey);
     AppLogger::info("Hotkey registered. displayName="_L1 + hotKey.displayName);
+    if (m_isSuspended)
+        m_registrar.unregisterHotKey(HotKeyId::Main);
+}
+
+bool GlobalHotKeys::takeCombination(const HotKeyConfig &hotKey)
+{
+    const int status = m_registrar.registerHotKey(HotKeyId::Main, hotKey.keyCode, hotKey.modifiers);
+    m_combination = status == 0 ? std::optional(hotKey) : std::nullopt;
+    if (status != 0)
+        AppLogger::error("Hotkey registration failed. displayName="_L1 + hotKey.displayName
+                         + " status="_L1 + QString::number(status));
+    return status == 0;
+}
+
+void GlobalHotKeys::suspendHotKey()
+{
+    m_isSuspended = true;
+    m_registrar.unregisterHotKey(HotKeyId::Main);
+}
+
+void GlobalHotKeys::resumeHotKey()
+{
+    const auto combination = m_combination;
+    if (std::exchange(m_isSuspended, false) && combination)
+        static_cast<void>(takeCombination(*combination));
 }
 
 void GlobalHotKeys::registerEscapeCancelHotKey()

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 // Makes the configured hotkey work system-wide, an ordinary one by the desktop's hotkey service and
 // a lone modifier key by watching the modifiers, and Escape while a recording runs. Main thread
@@ -40,6 +41,12 @@ public:
     // Puts the configured hotkey in the place of the one before. A combination that cannot be had
     // is logged and leaves none.
     void registerHotKey();
+    // Leaves the combination to whoever has the focus until it is resumed, so that it can be chosen
+    // again. A combination that is registered meanwhile is given back likewise once it is known to
+    // be free. A lone modifier key needs none of this: it is not watched in our own windows.
+    void suspendHotKey();
+    // Takes the combination back; that it cannot be had any more is logged and leaves none.
+    void resumeHotKey();
     // Makes Escape cancel the recording; that it cannot be had is ignored: it does not cancel then.
     void registerEscapeCancelHotKey();
     void unregisterEscapeCancelHotKey();
@@ -51,6 +58,7 @@ public:
 
 private:
     void registerCombination(const HotKeyConfig &hotKey);
+    [[nodiscard]] bool takeCombination(const HotKeyConfig &hotKey);
     void showToolTip(const HotKeyConfig &hotKey);
     void queue(std::function<void()> action);
 
@@ -60,6 +68,9 @@ private:
     Callbacks m_callbacks;
     bool m_isHandlerInstalled = false;
     bool m_modifierHotKeyIsDown = false;
+    // The combination that is ours, even while it is suspended.
+    std::optional<HotKeyConfig> m_combination;
+    bool m_isSuspended = false;
     // Gone with this object: queued work asks it first.
     std::shared_ptr<char> m_lifetime = std::make_shared<char>();
 };

@@ -94,6 +94,29 @@ TEST_F(GlobalHotKeysTest, oneMechanismIsActiveLoggedAndShown)
                            u"INFO Modifier-only hotkey monitor installed. displayName=右⌥"_s}));
 }
 
+TEST_F(GlobalHotKeysTest, suspendedCombinationIsGivenBackUntilResumed)
+{
+    const auto isOurs = [this] { return m_registrar.registered.contains(HotKeyId::Main); };
+    m_hotKeys->registerHotKey();
+    m_hotKeys->suspendHotKey();
+    EXPECT_FALSE(isOurs());
+    // Registered meanwhile: tried at once, ours when resumed.
+    m_hotKeys->registerHotKey();
+    EXPECT_FALSE(isOurs());
+    m_hotKeys->resumeHotKey();
+    EXPECT_TRUE(isOurs());
+    EXPECT_EQ(loggedLines(m_home).size(), 4);
+    // Taken by another program meanwhile: said once, and not tried again.
+    for (const int status : {10, 0}) {
+        m_hotKeys->suspendHotKey();
+        m_registrar.status = status;
+        m_hotKeys->resumeHotKey();
+    }
+    EXPECT_FALSE(isOurs());
+    EXPECT_EQ(loggedLines(m_home).sliced(4),
+              QStringList{u"ERROR Hotkey registration failed. displayName=⌘⇧Space status=10"_s});
+}
+
 TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
 {
     using namespace ModifierFlag;
