@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "KeyCodes.h"
 
+#include "KeyEvent.h"
+
 #include <algorithm>
 
 #include <linux/input-event-codes.h>
@@ -73,4 +75,24 @@ std::optional<quint32> KeyCodes::virtualKeyCode(quint32 kernelCode)
         return std::nullopt;
     const auto *const known = std::ranges::find(table, kernelCode, &Pair::kernelCode);
     return known != std::end(table) ? known->virtualKeyCode : unnumbered + kernelCode;
+}
+
+quint32 KeyCodes::modifierFlag(quint32 virtualKeyCode)
+{
+    switch (virtualKeyCode) {
+    case 54:
+    case 55:
+        return ModifierFlag::command;
+    case 56:
+    case 60:
+        return ModifierFlag::shift;
+    case 58:
+    case 61:
+        return ModifierFlag::option;
+    case 59:
+    case 62:
+        return ModifierFlag::control;
+    default:
+        return 0;
+    }
 }

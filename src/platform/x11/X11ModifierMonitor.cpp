@@ -9,27 +9,6 @@
 
 namespace {
 
-// The flag of a modifier key by its virtual key code; 0 for every other key.
-quint32 flagOf(quint32 virtualKeyCode)
-{
-    switch (virtualKeyCode) {
-    case 54:
-    case 55:
-        return ModifierFlag::command;
-    case 56:
-    case 60:
-        return ModifierFlag::shift;
-    case 58:
-    case 61:
-        return ModifierFlag::option;
-    case 59:
-    case 62:
-        return ModifierFlag::control;
-    default:
-        return 0;
-    }
-}
-
 quint32 virtualKeyCodeOf(quint8 key)
 {
     return KeyCodes::virtualKeyCode(key - KeyCodes::displayOffset).value_or(0);
@@ -54,7 +33,7 @@ bool X11ModifierMonitor::start(Handler handler)
     m_handler = std::move(handler);
     m_input.addListener(this, [this](const KeyStroke &stroke, quint32) { handleStroke(stroke); });
     for (const auto key : m_input.keysDown())
-        if (const auto code = virtualKeyCodeOf(key); flagOf(code) != 0)
+        if (const auto code = virtualKeyCodeOf(key); KeyCodes::modifierFlag(code) != 0)
             m_down.insert(code);
     return true;
 }
@@ -68,7 +47,7 @@ void X11ModifierMonitor::stop()
 void X11ModifierMonitor::handleStroke(const KeyStroke &stroke)
 {
     const auto code = virtualKeyCodeOf(stroke.key);
-    if (flagOf(code) == 0)
+    if (KeyCodes::modifierFlag(code) == 0)
         return;
     if (stroke.isPress)
         m_down.insert(code);
@@ -82,6 +61,6 @@ quint32 X11ModifierMonitor::flags() const
 {
     quint32 flags = 0;
     for (const auto code : m_down)
-        flags |= flagOf(code);
+        flags |= KeyCodes::modifierFlag(code);
     return flags;
 }
