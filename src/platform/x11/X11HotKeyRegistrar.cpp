@@ -85,7 +85,22 @@ int X11HotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 mod
         return status;
     }
     m_grabs.emplace(id, wanted);
+    noteIfHeld(wanted.key);
     return 0;
+}
+
+// The repeats of a key that is down already are no presses of the hotkey: it may be the very press
+// that the user chose it with.
+void X11HotKeyRegistrar::noteIfHeld(quint8 key)
+{
+    const auto isDown = [this, key] { return std::ranges::count(m_input.keysDown(), key) > 0; };
+    if (m_heldSince.contains(key) || !m_input.canWatch() || !isDown())
+        return;
+    watchReleases();
+    if (isDown())
+        m_heldSince.emplace(key, std::nullopt);
+    else if (m_heldSince.empty())
+        m_input.removeListener(this);
 }
 
 void X11HotKeyRegistrar::unregisterHotKey(HotKeyId id)
@@ -157,7 +172,8 @@ void X11HotKeyRegistrar::handleEvent(const void *event)
 void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
 {
     const auto held = m_heldSince.find(key);
-    const bool isRepeat = held != m_heldSince.end() && time - held->second < longestRepeatGap;
+    const bool isRepeat =
+        held != m_heldSince.end() && (!held->second || time - *held->second < longestRepeatGap);
     m_heldSince[key] = time;
     if (!isRepeat)
         if (const auto id = hotKeyFor(key, state); id && m_handler)
@@ -166,19 +182,26 @@ void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
         return; // the keyboard stays grabbed until the release, which tells of it
     // Watched before the keyboard is freed, so that the release is seen one way or the other.
     if (m_heldSince.size() == 1 && !isRepeat)
-        m_input.addListener(this, [this](const KeyStroke &stroke, quint32 strokeTime) {
-            if (!stroke.isPress)
-                handleRelease(stroke.key, strokeTime);
-        });
+        watchReleases();
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
     xcb_flush(m_connection.get());
+}
+
+void X11HotKeyRegistrar::watchReleases()
+{
+    m_input.addListener(this, [this](const KeyStroke &stroke, quint32 time) {
+        if (!stroke.isPress)
+            handleRelease(stroke.key, time);
+    });
 }
 
 void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
 {
     const auto held = m_heldSince.find(key);
+    if (held == m_heldSince.end())
+        return;
     // The two connections may tell of a release late, when the key is down again.
-    if (held == m_heldSince.end() || static_cast<qint32>(time - held->second) < 0)
+    if (held->second && static_cast<qint32>(time - *held->second) < 0)
         return;
     m_heldSince.erase(held);
     if (m_heldSince.empty())

@@ -44,6 +44,8 @@ private:
     void handleEvent(const void *event);
     void handlePress(quint8 key, quint16 state, quint32 time);
     void handleRelease(quint8 key, quint32 time);
+    void watchReleases();
+    void noteIfHeld(quint8 key);
     void updateModifierBits();
     [[nodiscard]] std::optional<HotKeyId> hotKeyFor(quint8 key, quint16 state) const;
     [[nodiscard]] int grab(const Grab &combination) const;
@@ -55,5 +57,6 @@ private:
     Handler m_handler;
     ModifierBits m_bits;
     std::multimap<HotKeyId, Grab> m_grabs;
-    std::map<quint8, quint32> m_heldSince; // by key, the server's time of its latest press
+    // By key, the server's time of its latest press; absent when that came before the registration.
+    std::map<quint8, std::optional<quint32>> m_heldSince;
 };
