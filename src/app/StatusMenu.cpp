@@ -47,10 +47,10 @@ StatusMenu::StatusMenu(StatusMenuActions actions)
 
 StatusMenu::~StatusMenu() = default;
 
-void StatusMenu::loadIcon(const QString &folder)
+void StatusMenu::loadIcon()
 {
-    if (!m_image.load(folder + "/wrenfold-menubar-template.png"_L1))
-        m_image.load(folder + "/Wrenfold.png"_L1);
+    if (!m_image.load(u":/icons/wrenfold-menubar-template.png"_s))
+        m_image.load(u":/icons/Wrenfold.png"_s);
     if (m_image.isNull())
         AppLogger::warning(u"Status menu icon missing."_s);
     else

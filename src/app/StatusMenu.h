@@ -33,9 +33,9 @@ public:
     StatusMenu(const StatusMenu &) = delete;
     StatusMenu &operator=(const StatusMenu &) = delete;
 
-    // Loads the icon's image, a template that is tinted, and logs whether there was one. The folder
-    // holds "wrenfold-menubar-template" or, as a last resort, "Wrenfold".
-    void loadIcon(const QString &folder = QStringLiteral(":/icons"));
+    // Loads the icon's image, a template that is tinted or, as a last resort, the application's
+    // icon, and logs whether there was one.
+    void loadIcon();
     // Shows the icon as soon as one of the watches finds a panel.
     void showWhenHosted(std::vector<std::unique_ptr<TrayHostWatch>> watches);
 

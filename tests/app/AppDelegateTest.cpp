@@ -6,10 +6,10 @@
 #include "FakeModifierMonitor.h"
 #include "FakeSyntheticKeyboard.h"
 #include "LoggedLines.h"
+#include "UrlCatcher.h"
 #include "WaitUntil.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
@@ -20,18 +20,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-// Stands for the browser.
-class UrlCatcher final : public QObject
-{
-    Q_OBJECT
-public:
-    UrlCatcher() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
-    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
-    Q_INVOKABLE void open(const QUrl &url) { opened << url; }
-
-    QList<QUrl> opened;
-};
 
 class AppDelegateTest : public testing::Test
 {
@@ -147,5 +135,3 @@ TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)
     EXPECT_TRUE(page.readAll().contains("XTEST"));
     EXPECT_TRUE(log().contains(u"Opening accessibility permission settings."_s));
 }
-
-#include "AppDelegateTest.moc"

@@ -83,6 +83,7 @@ TEST_F(EventLoopMainQueueTest, RunAndWaitReturnsWhenTheWorkHasRunAndRethrows)
 TEST_F(EventLoopMainQueueTest, ClosingDropsWhatIsQueuedAndFailsWhatWaits)
 {
     std::atomic<int> started = 0;
+    std::atomic<int> ended = 0;
     bool hasRun = false;
     const auto run = [&] { hasRun = true; };
     m_queue.postAfter(0ms, run);
@@ -91,12 +92,14 @@ TEST_F(EventLoopMainQueueTest, ClosingDropsWhatIsQueuedAndFailsWhatWaits)
             ++started;
             m_queue.post(run);
             EXPECT_THROW(m_queue.runAndWait(run), CancelledError);
+            ++ended;
         });
     // The event loop stands still meanwhile, so that nothing can run before the close.
     while (started < 8)
         std::this_thread::yield();
     m_queue.close();
     m_tasks.waitForDone();
+    EXPECT_EQ(ended, 8);
     m_queue.post(run);
     m_queue.postAfter(0ms, run);
     EXPECT_FALSE(waitUntil([&] { return hasRun; }, 20ms));

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Text.h"
 
-#include <QRegularExpression>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -25,13 +23,4 @@ TEST(Text, CountsAndCutsWhatPeopleSeeAsCharacters)
         EXPECT_EQ(firstCharacters(text, count + 1), text);
         EXPECT_EQ(firstCharacters(text, 0), QString());
     }
-}
-
-TEST(Text, UuidsAreCanonicalAndFresh)
-{
-    static const QRegularExpression canonical(
-        u"\\A[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}\\z"_s);
-    const auto uuid = newUuidText();
-    EXPECT_TRUE(canonical.match(uuid).hasMatch()) << uuid.toStdString();
-    EXPECT_NE(uuid, newUuidText());
 }

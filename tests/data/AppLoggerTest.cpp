@@ -3,10 +3,10 @@
 #include "DataTest.h"
 #include "HushwireError.h"
 #include "Process.h"
+#include "UrlCatcher.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 
@@ -23,19 +23,6 @@ const auto oldFile = u".wrenfold/logs/wrenfold.old.log"_s;
 
 using AppLoggerTest = DataTest;
 
-// Notes the folders that the desktop would open.
-class FakeFileManager final : public QObject
-{
-    Q_OBJECT
-public:
-    FakeFileManager() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
-    ~FakeFileManager() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
-
-    Q_INVOKABLE void open(const QUrl &url) { opened.append(url); }
-
-    QList<QUrl> opened;
-};
-
 } // namespace
 
 TEST_F(AppLoggerTest, WritesALineAnEventWithTimeLevelAndProcess)
@@ -43,12 +30,15 @@ TEST_F(AppLoggerTest, WritesALineAnEventWithTimeLevelAndProcess)
     const auto before = QDateTime::currentDateTimeUtc();
     AppLogger::info(u"Hello %1 世界. a=true"_s);
     AppLogger::error(u"Failed."_s);
-    AppLogger::error(u"Failed."_s, std::make_exception_ptr(HushwireError::pasteFailed(u"坏"_s)));
+    for (const auto &error : {std::make_exception_ptr(HushwireError::pasteFailed(u"坏"_s)),
+                              std::make_exception_ptr(std::runtime_error("foreign 坏")),
+                              std::make_exception_ptr(7)})
+        AppLogger::error(u"Failed."_s, error);
     AppLogger::warning(u"many\nlines"_s);
-    EXPECT_EQ(
-        loggedLines(m_home),
-        u"INFO Hello %1 世界. a=true|ERROR Failed.|ERROR Failed. error=坏|WARN many|lines"_s.split(
-            u'|'));
+    EXPECT_EQ(loggedLines(m_home),
+              u"INFO Hello %1 世界. a=true|ERROR Failed.|ERROR Failed. error=坏|"
+              "ERROR Failed. error=foreign 坏|ERROR Failed. error=unknown error|"
+              "WARN many|lines"_s.split(u'|'));
     const auto content = m_home.read(logFile);
     const auto head =
         " [INFO] [pid=" + QByteArray::number(QCoreApplication::applicationPid()) + ']';
@@ -144,7 +134,7 @@ TEST_F(AppLoggerTest, ABlockedFolderIsNotOpenedAndEachLostLineIsOneInTheSystemLo
     const auto line =
         u"Wrenfold log write failed: Cannot create the directory %1/logs: File exists."_s;
     EXPECT_EQ(takeSystemLogLines(), QStringList(2, line.arg(m_directory)));
-    FakeFileManager fileManager;
+    UrlCatcher fileManager;
     AppLogger::openLogFolder();
     EXPECT_TRUE(fileManager.opened.isEmpty());
     EXPECT_EQ(takeSystemLogLines().size(), 2);
@@ -159,5 +149,3 @@ TEST_F(AppLoggerTest, ABlockedFolderIsNotOpenedAndEachLostLineIsOneInTheSystemLo
     EXPECT_EQ(takeSystemLogLines().size(), 1);
     EXPECT_EQ(m_home.read(u"victim"_s), "victim");
 }
-
-#include "AppLoggerTest.moc"

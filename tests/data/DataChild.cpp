@@ -3,7 +3,6 @@
 #include "AppConfig.h"
 #include "AppLogger.h"
 #include "HistoryStore.h"
-#include "SingleInstanceGuard.h"
 
 #include <QScopeGuard>
 
@@ -63,13 +62,6 @@ void crash(const QByteArray &kind)
     throw std::runtime_error("boom");
 }
 
-void lock()
-{
-    SingleInstanceGuard guard(u"test"_s);
-    std::puts(guard.acquire() ? "true" : "false");
-    while (std::getchar() != EOF) {}
-}
-
 // Logs while statics are destroyed, in a forked child too.
 void logAtExit()
 {
@@ -92,7 +84,6 @@ int main(int argc, char **argv)
         {"save", saveForEver},
         {"log", [&] { log(arguments.at(1)); }},
         {"crash", [&] { crash(arguments.at(1)); }},
-        {"lock", lock},
         {"exit", logAtExit},
     };
     actions.at(arguments.at(0))();

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
 #include "SingleInstanceGuard.h"
-#include "WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -67,32 +66,6 @@ TEST_F(SingleInstanceGuardTest, HoldsTheLockUntilReleasedOrDestroyed)
     second.reset();
     EXPECT_TRUE(m_guard.acquire());
     EXPECT_EQ(loggedLines(m_home), lines(3, u"INFO Single instance lock acquired."_s));
-}
-
-TEST_F(SingleInstanceGuardTest, OneOfTwentyLaunchedAtOnceRunsAndACrashFreesTheLock)
-{
-    QProcess processes[20];
-    QProcess *holder = nullptr;
-    for (auto &process : processes)
-        startChild(process, {u"lock"_s});
-    for (auto &process : processes) {
-        ASSERT_TRUE(waitUntil([&process] { return process.canReadLine(); }));
-        if (process.readLine() != "true\n")
-            continue;
-        EXPECT_EQ(holder, nullptr);
-        holder = &process;
-    }
-    ASSERT_NE(holder, nullptr);
-    EXPECT_FALSE(m_guard.acquire());
-    EXPECT_EQ(lockContent(), QByteArray::number(holder->processId()) + '\n');
-    holder->kill();
-    ASSERT_TRUE(holder->waitForFinished());
-    EXPECT_TRUE(m_guard.acquire());
-    EXPECT_EQ(lockContent(), m_ownID);
-    for (auto &process : processes) {
-        process.closeWriteChannel();
-        EXPECT_TRUE(process.state() == QProcess::NotRunning || process.waitForFinished());
-    }
 }
 
 TEST_F(SingleInstanceGuardTest, AFileThatCannotBeTheLockStopsNobodyAndIsNotTouched)

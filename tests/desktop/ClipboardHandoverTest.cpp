@@ -7,19 +7,12 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-quint32 ownerOf(const QByteArray &selection)
-{
-    auto *connection = X11Selections::applicationConnection();
-    return X11Selections::owner(connection, X11Selections::atom(connection, selection));
-}
 
 // Is asked to save the clipboard, and answers or stays silent.
 class ScriptedManager final
@@ -54,9 +47,11 @@ const auto handOver = [] { handOverClipboard(); };
 
 TEST(ClipboardHandover, leavesTheTextWithTheClipboardManager)
 {
-    QProcess manager;
+    BackgroundProcess manager;
     manager.start(u"xfce4-clipman"_s, QStringList());
-    ASSERT_TRUE(waitUntil([] { return ownerOf("CLIPBOARD_MANAGER") != 0; }));
+    auto *server = X11Selections::applicationConnection();
+    const auto selection = X11Selections::atom(server, "CLIPBOARD_MANAGER");
+    ASSERT_TRUE(waitUntil([&] { return X11Selections::owner(server, selection) != 0; }));
     auto *clipboard = QGuiApplication::clipboard();
     clipboard->setText(u"整理好的文字。🙂"_s);
     clipboard->setText(u"整理好的文字。🙂"_s, QClipboard::Selection);
@@ -66,8 +61,6 @@ TEST(ClipboardHandover, leavesTheTextWithTheClipboardManager)
     EXPECT_TRUE(waitUntil([] {
         return runCommand(u"xclip -o -selection clipboard"_s).output == "整理好的文字。🙂";
     }));
-    manager.kill();
-    manager.waitForFinished();
 }
 
 TEST(ClipboardHandover, waitsForTheManagersAnswerAndNoLongerThanItsLimit)
@@ -77,7 +70,6 @@ TEST(ClipboardHandover, waitsForTheManagersAnswerAndNoLongerThanItsLimit)
     EXPECT_LT(millisecondsOf(handOver), 100);
     EXPECT_TRUE(clipboard->ownsClipboard()) << "nobody is there to take it";
     ScriptedManager manager;
-    ASSERT_TRUE(waitUntil([] { return ownerOf("CLIPBOARD_MANAGER") != 0; }));
     for (const bool answers : {true, false}) {
         manager.answers = answers;
         clipboard->setText(u"文字"_s);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Desktop.h"
 
-#include "Process.h"
 #include "WaitUntil.h"
 
 #include <gtest/gtest.h>
@@ -64,31 +63,15 @@ void Desktop::tap(const std::vector<quint8> &chord)
         release(key);
 }
 
+// Returns when the server has done it.
 void Desktop::post(quint8 key, bool isPress)
 {
     // The input extension's key press is its second event, the release the third.
     const auto type = static_cast<quint8>(m_firstInputEvent + (isPress ? 1 : 2));
-    xcb_test_fake_input(
-        m_connection.get(), type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, m_keyboard);
-    roundTrip();
-}
-
-// Returns when the server has done all that was asked of it.
-void Desktop::roundTrip()
-{
-    const auto barrier = xcb_get_input_focus(m_connection.get());
-    owned(xcb_get_input_focus_reply(m_connection.get(), barrier, nullptr)).reset();
-}
-
-void Desktop::takeSelections()
-{
     auto *const connection = m_connection.get();
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    const auto request = xcb_intern_atom(connection, 0, 9, "CLIPBOARD");
-    const auto clipboard = owned(xcb_intern_atom_reply(connection, request, nullptr));
-    for (const xcb_atom_t selection : {clipboard->atom, xcb_atom_t{XCB_ATOM_PRIMARY}})
-        xcb_set_selection_owner(connection, root, selection, XCB_CURRENT_TIME);
-    roundTrip();
+    xcb_test_fake_input(connection, type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, m_keyboard);
+    const auto barrier = xcb_get_input_focus(connection);
+    owned(xcb_get_input_focus_reply(connection, barrier, nullptr)).reset();
 }
 
 std::vector<quint8> Desktop::keysDown() const
@@ -108,10 +91,10 @@ void Desktop::setLayout(const QStringList &arguments)
     EXPECT_EQ(runProcess(u"setxkbmap"_s, QStringList{u"-option"_s, u""_s} + arguments).exitCode, 0);
 }
 
-std::unique_ptr<QProcess>
+std::unique_ptr<BackgroundProcess>
 Desktop::start(const QString &program, const QStringList &arguments, const QString &windowClass)
 {
-    auto process = std::make_unique<QProcess>();
+    auto process = std::make_unique<BackgroundProcess>();
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->start(program, arguments);
     EXPECT_TRUE(waitUntil([&] { return focusedClass().contains(windowClass, Qt::CaseInsensitive); },
@@ -122,21 +105,6 @@ Desktop::start(const QString &program, const QStringList &arguments, const QStri
 
 QString Desktop::focusedClass() const
 {
-    auto *const connection = m_connection.get();
-    const auto focus =
-        owned(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    for (auto window = focus->focus; window > XCB_INPUT_FOCUS_POINTER_ROOT;) {
-        const auto request =
-            xcb_get_property(connection, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 64);
-        const auto name = owned(xcb_get_property_reply(connection, request, nullptr));
-        if (name && name->value_len > 0)
-            return QString::fromUtf8(static_cast<const char *>(xcb_get_property_value(name.get())),
-                                     xcb_get_property_value_length(name.get()))
-                .replace(u'\0', u' ')
-                .trimmed();
-        const auto tree =
-            owned(xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
-        window = tree ? tree->parent : xcb_window_t{XCB_NONE};
-    }
-    return {};
+    const auto ask = u"xprop -id $(xdotool getwindowfocus) WM_CLASS"_s;
+    return QString::fromUtf8(runProcess(u"sh"_s, {u"-c"_s, ask}).output);
 }

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QProcess>
-#include <QString>
-#include <QStringList>
+#include "Process.h"
 
 #include <memory>
 #include <vector>
@@ -32,6 +29,8 @@ inline constexpr quint8 rightAlt = 108;
 inline constexpr quint8 leftSuper = 133;
 inline constexpr quint8 rightSuper = 134;
 inline constexpr quint8 up = 111;
+// What the application's own hotkey is at first.
+inline const std::vector<quint8> hotKey{leftSuper, leftShift, space};
 } // namespace Key
 
 // The private desktop as a user sits at it: its keyboard, its keyboard layouts and applications
@@ -52,23 +51,18 @@ public:
     // What the whole display takes to be down.
     [[nodiscard]] std::vector<quint8> keysDown() const;
 
-    // Takes the clipboard and the primary selection, as a program does in which something is
-    // copied.
-    void takeSelections();
-
     // Runs setxkbmap with these arguments.
     void setLayout(const QStringList &arguments);
 
     // Starts an application and waits until its window, by the name its class carries, has the
     // focus. It is ended with the returned object.
-    [[nodiscard]] std::unique_ptr<QProcess>
+    [[nodiscard]] std::unique_ptr<BackgroundProcess>
     start(const QString &program, const QStringList &arguments, const QString &windowClass);
-    // Instance and class of the window that has the focus, separated by a blank.
+    // Holds instance and class of the window that has the focus; empty when none has it.
     [[nodiscard]] QString focusedClass() const;
 
 private:
     void post(quint8 key, bool isPress);
-    void roundTrip();
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t *)> m_connection;
     quint8 m_keyboard = 0; // the real keyboard's device

@@ -1,10 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "Desktop.h"
 #include "Process.h"
 #include "ScriptedServices.h"
 #include "TemporaryHome.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
+
+#include <QDir>
+#include <QFile>
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -15,25 +19,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Waits until this is what the log ends with.
-bool isNow(const QString &line, std::chrono::milliseconds limit = 10s)
+// Launches it with an empty log and returns when it is up.
+std::unique_ptr<WrenfoldApplication> launch(const QStringList &environment = {})
 {
-    return waitUntil(
-        [&line] {
-            const auto log = WrenfoldApplication::log();
-            return !log.isEmpty() && log.last().contains(line);
-        },
-        limit);
-}
-
-// Presses the hotkey until it has started this: a press that comes in the instant between a line of
-// the log and what it announces is ignored.
-void press(const QString &started)
-{
-    ASSERT_TRUE(waitUntil([&started] {
-        EXPECT_EQ(runCommand(u"xdotool key super+shift+space"_s).exitCode, 0);
-        return isNow(started, 3s);
-    }));
+    QFile::remove(QDir::home().filePath(u".wrenfold/logs/wrenfold.log"_s));
+    auto application = std::make_unique<WrenfoldApplication>(environment);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    return application;
 }
 
 const QString farewell = u"Application will terminate."_s;
@@ -42,12 +34,11 @@ const QString farewell = u"Application will terminate."_s;
 
 TEST(Lifecycle, LaunchLogsItsStepsInOrder)
 {
-    const WrenfoldApplication application;
-    ASSERT_TRUE(isNow(u"Launch finished."_s));
+    const auto application = launch();
     const QStringList steps{
         u"[INFO] [pid=%1] Launch started. app=Wrenfold bundleID=local.wrenfold "
         "config=~/.wrenfold/config.json log=~/.wrenfold/logs/wrenfold.log"_s.arg(
-            application.processId()),
+            application->processId()),
         u"Single instance lock acquired. path="_s,
         u"Status menu icon loaded."_s,
         u"Loading config."_s,
@@ -84,61 +75,57 @@ TEST(Lifecycle, OneOfTwentyLaunchedAtOnceStaysAndTheOthersHandOver)
 
 TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
 {
-    WrenfoldApplication first;
-    ASSERT_TRUE(isNow(u"Launch finished."_s));
+    const auto first = launch();
     EXPECT_EQ(WrenfoldApplication().waitForExit(), 0);
     const auto shown = u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
-        first.processId());
+        first->processId());
     EXPECT_TRUE(WrenfoldApplication::waitForLog(shown));
     runCommand(
         u"dbus-send --session --type=signal /local/wrenfold local.wrenfold.showMainWindow"_s);
     EXPECT_TRUE(WrenfoldApplication::waitForLog(shown, 2));
-    EXPECT_TRUE(first.isRunning());
+    EXPECT_TRUE(first->isRunning());
 }
 
 TEST(Lifecycle, EverySignalEndsItPromptlyWithItsFarewellAndLeavesNoFile)
 {
     const ScriptedServices services({u"--recognition-delay"_s, u"30000"_s});
     services.configure();
-    int times = 0;
+    Desktop desktop;
+    const QStringList steps{u"Recording started."_s, u"ASR started."_s};
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         for (const int presses : {0, 1, 2}) {
-            WrenfoldApplication application;
-            ASSERT_TRUE(isNow(u"Launch finished."_s));
-            if (presses > 0)
-                press(u"Recording started."_s);
-            if (presses > 1)
-                press(u"ASR started."_s);
+            const auto application = launch();
+            for (const auto &step : steps.first(presses))
+                ASSERT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, Key::hotKey, step));
             EXPECT_EQ(recordings().size(), presses > 0 ? 1 : 0);
-            EXPECT_LT(millisecondsOf([&] { EXPECT_EQ(application.end(signal), 0); }), 2000);
-            EXPECT_EQ(WrenfoldApplication::log().filter(farewell).size(), ++times);
+            // Whoever is impatient sends it twice.
+            ::kill(static_cast<pid_t>(application->processId()), signal);
+            EXPECT_LT(millisecondsOf([&] { EXPECT_EQ(application->end(signal), 0); }), 2000);
+            EXPECT_EQ(WrenfoldApplication::log().filter(farewell).size(), 1);
             EXPECT_TRUE(recordings().isEmpty());
         }
 }
 
-TEST(Lifecycle, LeftoversOfACrashAreSweptAtTheNextLaunch)
+TEST(Lifecycle, ACrashLeavesNoLockAndItsRecordingIsSweptAtTheNextLaunch)
 {
-    {
-        WrenfoldApplication application;
-        ASSERT_TRUE(isNow(u"Launch finished."_s));
-        press(u"Recording started."_s);
-        EXPECT_EQ(application.end(SIGKILL), -1);
-    }
+    Desktop desktop;
+    const auto crashed = launch();
+    const auto started = u"Recording started."_s;
+    ASSERT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, Key::hotKey, started));
+    EXPECT_EQ(crashed->end(SIGKILL), -1);
     EXPECT_EQ(recordings().size(), 1);
-    const WrenfoldApplication next;
+    const auto next = launch();
     EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
 }
 
 TEST(Lifecycle, TheLineIsLoggedWhenTheXServerDies)
 {
-    QProcess server;
+    BackgroundProcess server;
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
     ASSERT_TRUE(waitUntil([&server] { return server.canReadLine(); }));
     const auto display = QString::fromLatin1(server.readLine()).trimmed();
-    const WrenfoldApplication application({u"DISPLAY=:"_s + display});
-    ASSERT_TRUE(isNow(u"Launch finished."_s));
+    const auto application = launch({u"DISPLAY=:"_s + display});
     server.kill();
-    EXPECT_TRUE(waitUntil([&application] { return !application.isRunning(); }));
+    EXPECT_TRUE(waitUntil([&application] { return !application->isRunning(); }));
     EXPECT_TRUE(WrenfoldApplication::log().last().contains(farewell));
-    server.waitForFinished();
 }

@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QScreen>
 
 #include <gtest/gtest.h>
@@ -51,16 +50,10 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return m_editor.isActiveWindow(); }));
     }
 
-    void TearDown() override
-    {
-        m_compositor.kill();
-        m_compositor.waitForFinished();
-    }
-
     EventLoopMainQueue m_queue;
     VoiceOverlayController m_overlay{m_queue, hasCompositor};
     QPlainTextEdit m_editor;
-    QProcess m_compositor;
+    BackgroundProcess m_compositor;
 };
 
 } // namespace

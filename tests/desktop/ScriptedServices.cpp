@@ -18,12 +18,6 @@ ScriptedServices::ScriptedServices(const QStringList &options)
     m_address = "http://127.0.0.1:"_L1 + words[1].trimmed();
 }
 
-ScriptedServices::~ScriptedServices()
-{
-    m_process.terminate();
-    m_process.waitForFinished();
-}
-
 void ScriptedServices::configure() const
 {
     AppConfig config;

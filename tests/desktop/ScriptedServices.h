@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QProcess>
-#include <QStringList>
+#include "Process.h"
 
 // Both services as a scripted stand-in on loopback.
 class ScriptedServices final
@@ -11,7 +10,6 @@ class ScriptedServices final
 public:
     // Starts the stand-in with its command-line options and waits until it listens.
     explicit ScriptedServices(const QStringList &options = {});
-    ~ScriptedServices();
 
     // Writes a configuration that points to the stand-in, with made-up keys.
     void configure() const;
@@ -19,7 +17,7 @@ public:
     [[nodiscard]] QStringList requests();
 
 private:
-    QProcess m_process;
+    BackgroundProcess m_process;
     QString m_address;
     QByteArray m_output;
 };

@@ -15,6 +15,7 @@ inline xcb_atom_t ownSelection(const XcbConnection &connection, const QByteArray
     const auto window = xcb_generate_id(server);
     xcb_create_window(server, 0, window, connection.root(), 0, 0, 9, 9, 0, 0, 0, 0, nullptr);
     xcb_set_selection_owner(server, window, selection, XCB_CURRENT_TIME);
-    xcb_flush(server);
+    // A round trip: it is done when this returns.
+    static_cast<void>(X11Selections::owner(server, selection));
     return selection;
 }

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "Process.h"
 #include "SettingsPortal.h"
 #include "WaitUntil.h"
 
 #include <QList>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ TEST(SettingsPortalTest, TellsTheSchemeAndItsChangesAndNothingWithoutAPortal)
     settings.start([&told](ColorScheme scheme) { told << scheme; });
     EXPECT_FALSE(waitUntil([&told] { return !told.isEmpty(); }, 300ms));
 
-    QProcess portal;
+    BackgroundProcess portal;
     portal.start(u"/usr/bin/python3"_s, {QStringLiteral(WRENFOLD_TEST_PORTAL), u"light"_s});
     ASSERT_TRUE(waitUntil([&portal] { return portal.readAll().contains("up"); }));
     portal.write("dark\n");
@@ -32,6 +32,4 @@ TEST(SettingsPortalTest, TellsTheSchemeAndItsChangesAndNothingWithoutAPortal)
     EXPECT_TRUE(waitUntil([&answered] { return answered == QList{ColorScheme::Dark}; }));
     portal.write("light\n");
     EXPECT_TRUE(waitUntil([&told] { return told.endsWith(ColorScheme::Light); }));
-    portal.kill();
-    portal.waitForFinished();
 }

@@ -10,7 +10,6 @@
 #include "X11TrayWatch.h"
 #include "XcbConnection.h"
 
-#include <QProcess>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -49,12 +48,6 @@ protected:
         m_menu.loadIcon();
         m_menu.setToolTip(u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
         m_menu.showWhenHosted(std::move(watches));
-    }
-
-    void TearDown() override
-    {
-        m_panel.kill();
-        m_panel.waitForFinished();
     }
 
     void awaitIcon()
@@ -100,7 +93,7 @@ protected:
                        [this] { m_calls << u"quit"_s; },
                        [this] { m_calls << u"activate"_s; }}};
     QString m_item; // the bus name that owns the icon
-    QProcess m_panel;
+    BackgroundProcess m_panel;
 };
 
 // What a panel of the older kind does when it comes up.

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "WrenfoldApplication.h"
 
+#include "Desktop.h"
 #include "WaitUntil.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcessEnvironment>
 
 #include <csignal>
 
@@ -14,12 +14,8 @@ using namespace Qt::StringLiterals;
 
 WrenfoldApplication::WrenfoldApplication(const QStringList &environment)
 {
-    auto variables = QProcessEnvironment::systemEnvironment();
-    for (const auto &entry : environment)
-        variables.insert(entry.section(u'=', 0, 0), entry.section(u'=', 1));
-    m_process.setProcessEnvironment(variables);
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_process.start(QStringLiteral(WRENFOLD_EXECUTABLE), QStringList());
+    m_process.start(u"env"_s, environment + QStringList{QStringLiteral(WRENFOLD_EXECUTABLE)});
     m_process.waitForStarted();
 }
 
@@ -43,6 +39,17 @@ bool WrenfoldApplication::waitForLog(const QString &text,
                                      std::chrono::milliseconds limit)
 {
     return waitUntil([&] { return log().filter(text).size() >= times; }, limit);
+}
+
+bool WrenfoldApplication::tapUntilLogged(Desktop &desktop,
+                                         const std::vector<quint8> &keys,
+                                         const QString &text,
+                                         qsizetype times)
+{
+    return waitUntil([&] {
+        desktop.tap(keys);
+        return waitForLog(text, times, std::chrono::seconds(3));
+    });
 }
 
 int WrenfoldApplication::waitForExit(std::chrono::milliseconds limit)

@@ -7,6 +7,9 @@
 #include <QStringList>
 
 #include <chrono>
+#include <vector>
+
+class Desktop;
 
 // Wrenfold itself, started as its user would, with the files it keeps in the private home.
 class WrenfoldApplication final
@@ -23,6 +26,12 @@ public:
     waitForLog(const QString &text,
                qsizetype times = 1,
                std::chrono::milliseconds limit = std::chrono::seconds(10));
+    // Taps the keys until the log has said this so many times: its lines can be some milliseconds
+    // ahead of what they announce, and a key that comes before it is rightly ignored.
+    [[nodiscard]] static bool tapUntilLogged(Desktop &desktop,
+                                             const std::vector<quint8> &keys,
+                                             const QString &text,
+                                             qsizetype times = 1);
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }

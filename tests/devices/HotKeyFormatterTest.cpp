@@ -38,30 +38,18 @@ TEST(HotKeyFormatterTest, keyDownEventsBecomeHotKeys)
     }
 }
 
-TEST(HotKeyFormatterTest, modifierKeysAreHotKeysOnTheirOwn)
+TEST(HotKeyFormatterTest, eightModifierKeysAreHotKeysOnTheirOwn)
 {
-    const std::tuple<quint32, QString, quint32> rows[] = {{55, u"左⌘"_s, 0x100},
-                                                          {54, u"右⌘"_s, 0x100},
-                                                          {56, u"左⇧"_s, 0x200},
-                                                          {60, u"右⇧"_s, 0x200},
-                                                          {58, u"左⌥"_s, 0x800},
-                                                          {61, u"右⌥"_s, 0x800},
-                                                          {59, u"左⌃"_s, 0x1000},
-                                                          {62, u"右⌃"_s, 0x1000}};
-    for (const auto &[keyCode, name, value] : rows) {
-        EXPECT_EQ(HotKeyFormatter::configFromFlagsChanged({keyCode, 0, {}}),
-                  (HotKeyConfig{keyCode, value, name}));
-        EXPECT_EQ(HotKeyFormatter::modifierCarbonValue(keyCode), value);
-    }
-    size_t names = 0;
+    int modifiers = 0;
     for (quint32 keyCode = 0; keyCode < 300; ++keyCode) {
-        const bool hasName = HotKeyFormatter::modifierOnlyDisplayName(keyCode).has_value();
-        EXPECT_EQ(hasName, (HotKeyConfig{keyCode, 7, {}}.isModifierOnly())) << keyCode;
-        names += hasName ? 1 : 0;
+        const auto value = HotKeyFormatter::modifierCarbonValue(keyCode);
+        const auto hotKey = HotKeyFormatter::configFromFlagsChanged({keyCode, 0, {}});
+        EXPECT_EQ(hotKey.has_value(), value != 0) << keyCode;
+        EXPECT_EQ(hotKey.has_value(), (HotKeyConfig{keyCode, 7, {}}.isModifierOnly())) << keyCode;
+        EXPECT_EQ(hotKey ? hotKey->modifiers : 0, value) << keyCode;
+        modifiers += hotKey ? 1 : 0;
     }
-    EXPECT_EQ(names, std::size(rows));
-    EXPECT_FALSE(HotKeyFormatter::configFromFlagsChanged({57, ModifierFlag::capsLock, {}}));
-    EXPECT_EQ(HotKeyFormatter::modifierCarbonValue(57), 0U);
+    EXPECT_EQ(modifiers, 8);
 }
 
 TEST(HotKeyFormatterTest, flagsContainMasks)

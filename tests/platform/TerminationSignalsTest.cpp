@@ -6,26 +6,8 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
-#include <thread>
 
 using namespace Qt::StringLiterals;
-
-TEST(TerminationSignals, callTheMainThreadOnceAndNeverKill)
-{
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        std::signal(signal, SIG_DFL);
-        int calls = 0;
-        {
-            const TerminationSignals termination([&calls] { ++calls; });
-            std::thread([signal] { std::raise(signal); }).join();
-            EXPECT_EQ(calls, 0) << "the handler runs from the event loop";
-            EXPECT_TRUE(waitUntil([&calls] { return calls == 1; }));
-            std::raise(signal);
-            EXPECT_FALSE(waitUntil([&calls] { return calls > 1; }, std::chrono::milliseconds(20)));
-        }
-        std::raise(signal);
-    }
-}
 
 TEST(TerminationSignals, leaveChildrenAndAnIgnoredHangUpAlone)
 {

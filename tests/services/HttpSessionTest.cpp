@@ -5,7 +5,6 @@
 #include "TestCertificates.h"
 #include "WaitUntil.h"
 
-#include <QTcpServer>
 #include <QTcpSocket>
 
 #include <future>
@@ -61,30 +60,13 @@ TEST(HttpSession, FailsClearlyAfterExactlyOneRequestWhenTheExchangeBreaks)
             }
 }
 
-// The session's own sockets cannot be reached, but what it does for them it does for all.
-TEST(HttpSession, SendsSmallSegmentsWithoutDelay)
-{
-    const ScriptedHttpServer server(ScriptedAnswer{});
-    QTcpSocket witness;
-    witness.connectToHost(QHostAddress::LocalHost, server.port());
-    ASSERT_TRUE(witness.waitForConnected());
-    HttpSession session;
-    ASSERT_EQ(sent(session, requestTo(server.url())), "= 200 ");
-    EXPECT_TRUE(waitUntil(
-        [&] { return witness.socketOption(QAbstractSocket::LowDelayOption).toInt() == 1; }));
-}
-
 TEST(HttpSession, ReportsServersThatCannotBeReached)
 {
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost);
-    const auto port = closed.serverPort();
-    closed.close();
+    const auto closed = ScriptedHttpServer(ScriptedAnswer{}).url();
     HttpSession session;
-    for (const auto &address : {u"http://127.0.0.1:%1/"_s.arg(port),
-                                u"http://nowhere.invalid/"_s,
-                                u"https://nowhere.invalid/"_s})
-        EXPECT_EQ(sent(session, requestTo(QUrl(address))), "network");
+    for (const auto &url :
+         {closed, QUrl(u"http://nowhere.invalid/"_s), QUrl(u"https://nowhere.invalid/"_s)})
+        EXPECT_EQ(sent(session, requestTo(url)), "network");
 }
 
 TEST(HttpSession, VerifiesCertificates)
@@ -120,13 +102,12 @@ TEST(HttpSession, HandsOutEveryStatusAndFollowsNothing)
 TEST(HttpSession, SendsOurHeadersInOrderAndKeepsNoState)
 {
     const ScriptedHttpServer server(ScriptedAnswer{
-        .body = "{}",
-        .headers = {{"Set-Cookie", "a=b"}, {"Cache-Control", "max-age=999"}, {"X-Two", "2"}}});
+        .body = "{}", .headers = {{"Set-Cookie", "a=b"}, {"Cache-Control", "max-age=999"}}});
     HttpSession session;
     auto request = requestTo(server.url(u"/path"_s), "body");
     request.headers = {{"Content-Type", "application/json"}, {"X-b", "1"}, {"X-a", "2"}};
-    EXPECT_EQ(session.send(request).header("x-tWO"), "2");
-    EXPECT_EQ(session.send(request).header("X-Three"), std::nullopt);
+    for (int round = 0; round < 2; ++round)
+        EXPECT_EQ(sent(session, request), "= 200 {}");
     ASSERT_EQ(server.requests().size(), 2);
     EXPECT_EQ(server.connections(), 1);
     for (const auto &received : server.requests()) {
@@ -209,10 +190,14 @@ TEST(HttpSession, OpensConnectionsAheadThatTheRequestThenUses)
     session.openAhead(QUrl(u"ftp://x/"_s));
 }
 
-TEST(HttpSession, ServesManyThreadsAtOnce)
+TEST(HttpSession, ServesManyThreadsAtOnceAndSendsSmallSegmentsWithoutDelay)
 {
     const ScriptedHttpServer server(
         [](const RecordedRequest &request) { return ScriptedAnswer{.body = request.body}; });
+    // The session's own sockets cannot be reached, but what it does for them it does for all.
+    QTcpSocket witness;
+    witness.connectToHost(QHostAddress::LocalHost, server.port());
+    ASSERT_TRUE(witness.waitForConnected());
     HttpSession session;
     std::vector<std::future<bool>> senders;
     for (int sender = 0; sender < 8; ++sender)
@@ -225,6 +210,7 @@ TEST(HttpSession, ServesManyThreadsAtOnce)
         }));
     for (auto &sender : senders)
         EXPECT_TRUE(sender.get());
+    EXPECT_EQ(witness.socketOption(QAbstractSocket::LowDelayOption).toInt(), 1);
 }
 
 TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)

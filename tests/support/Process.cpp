@@ -4,8 +4,6 @@
 
 #include "WaitUntil.h"
 
-#include <QProcess>
-
 ProcessResult
 runProcess(const QString &program, const QStringList &arguments, std::chrono::milliseconds limit)
 {
@@ -27,4 +25,10 @@ ProcessResult runCommand(const QString &commandLine)
     auto words = QProcess::splitCommand(commandLine);
     const auto program = words.takeFirst();
     return runProcess(program, words);
+}
+
+BackgroundProcess::~BackgroundProcess()
+{
+    kill();
+    waitForFinished();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 
@@ -23,3 +24,10 @@ ProcessResult runProcess(const QString &program,
                          std::chrono::milliseconds limit = std::chrono::seconds(20));
 // The same with a command line; words are separated by blanks, quotes keep them together.
 ProcessResult runCommand(const QString &commandLine);
+
+// A program that runs beside a test and is ended with this object.
+class BackgroundProcess final : public QProcess
+{
+public:
+    ~BackgroundProcess() override;
+};
