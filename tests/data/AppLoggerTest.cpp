@@ -82,13 +82,9 @@ TEST_F(AppLoggerTest, RotatesAFullFileBeforeALineIsAdded)
 TEST_F(AppLoggerTest, TwoLaunchesMayLogOnSeveralThreadsAtOnceAndRotateOnce)
 {
     m_home.write(logFile, QByteArray(995'000, 'x') + '\n');
-    QProcess processes[2];
-    for (int i = 0; i < 2; ++i)
-        startChild(processes[i], {u"log"_s, QString::number(i)});
-    for (auto &process : processes) {
-        ASSERT_TRUE(process.waitForFinished());
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().data();
-    }
+    const auto both = u"%1 log 0 & %1 log 1 && wait $!"_s.arg(m_child);
+    const auto shell = runCommand(both);
+    EXPECT_EQ(shell.exitCode, 0) << shell.errors.data();
     auto lines = m_home.read(oldFile).split('\n') + m_home.read(logFile).split('\n');
     EXPECT_EQ(lines.removeAll(QByteArray()), 2);
     EXPECT_EQ(lines.takeFirst(), QByteArray(995'000, 'x'));
@@ -112,9 +108,7 @@ TEST_F(AppLoggerTest, AnUncaughtExceptionIsTheLastLineBeforeTheProcessDies)
     };
     QStringList expected;
     for (const auto &[kind, message] : cases) {
-        const auto shell =
-            runProcess(u"sh"_s, {u"-c"_s, m_child + u" crash %1; exit $?"_s.arg(kind)});
-        EXPECT_EQ(shell.exitCode, 128 + SIGABRT);
+        EXPECT_EQ(runCommand(m_child + u" crash "_s + kind).exitCode, 128 + SIGABRT);
         expected << u"INFO before"_s << u"ERROR Uncaught exception: "_s + message;
     }
     EXPECT_EQ(loggedLines(m_home), expected);
@@ -122,7 +116,7 @@ TEST_F(AppLoggerTest, AnUncaughtExceptionIsTheLastLineBeforeTheProcessDies)
 
 TEST_F(AppLoggerTest, LinesLoggedWhileTheProcessEndsAndInAForkedChildArrive)
 {
-    EXPECT_EQ(runProcess(m_child, {u"exit"_s}).exitCode, 0);
+    EXPECT_EQ(runCommand(m_child + u" exit"_s).exitCode, 0);
     EXPECT_EQ(loggedLines(m_home), u"INFO parent|INFO child|INFO late|INFO late"_s.split(u'|'));
 }
 

@@ -4,9 +4,11 @@
 #include "AppLogger.h"
 #include "HistoryStore.h"
 
+#include <QRandomGenerator>
 #include <QScopeGuard>
 
-#include <cstdio>
+#include <chrono>
+#include <csignal>
 #include <functional>
 #include <map>
 #include <stdexcept>
@@ -20,17 +22,22 @@ using namespace Qt::StringLiterals;
 // A process that tests can kill, crash and start many of: the first argument says what it does.
 namespace {
 
-// Replaces each file again and again until it is killed.
-[[noreturn]] void saveForEver()
+// Replaces each file again and again until it is killed, at any moment after the first time.
+[[noreturn]] void saveUntilKilled()
 {
     HistoryStore history;
     AppConfig config;
-    for (bool isFirst = true;; isFirst = !isFirst) {
-        config.polishPrompt = QString(100'000, isFirst ? u'a' : u'b');
+    for (int round = 0;; ++round) {
+        config.polishPrompt = QString(100'000, round % 2 == 0 ? u'a' : u'b');
         AppConfig::save(config);
         history.add(QString(1'000, u'语'), u"polished"_s);
         AppLogger::info(QString(5'000, u'x'));
-        std::puts("saved");
+        if (round == 0)
+            std::thread([] {
+                const auto moment = QRandomGenerator::global()->bounded(12'000);
+                std::this_thread::sleep_for(std::chrono::microseconds(moment));
+                ::kill(::getpid(), SIGKILL);
+            }).detach();
     }
 }
 
@@ -78,10 +85,9 @@ void logAtExit()
 
 int main(int argc, char **argv)
 {
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const QList<QByteArray> arguments(argv + 1, argv + argc);
     const std::map<QByteArray, std::function<void()>> actions{
-        {"save", saveForEver},
+        {"save", saveUntilKilled},
         {"log", [&] { log(arguments.at(1)); }},
         {"crash", [&] { crash(arguments.at(1)); }},
         {"exit", logAtExit},

@@ -59,9 +59,3 @@ QStringList DataTest::namesIn(const QString &directory)
 {
     return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
-
-void DataTest::startChild(QProcess &process, const QStringList &arguments)
-{
-    process.start(m_child, arguments);
-    ASSERT_TRUE(process.waitForStarted()) << qPrintable(process.errorString());
-}

@@ -4,8 +4,6 @@
 
 #include "LoggedLines.h"
 
-#include <QProcess>
-
 #include <gtest/gtest.h>
 
 // A private home directory that outlives every line of the log.
@@ -20,8 +18,7 @@ protected:
     [[nodiscard]] static uint modeOf(const QString &path);
     [[nodiscard]] static QStringList namesIn(const QString &directory);
 
-    // Starts this folder's helper program.
-    static void startChild(QProcess &process, const QStringList &arguments);
+    // This folder's helper program.
     inline static const QString m_child = QStringLiteral(WRENFOLD_DATA_CHILD);
 
     TemporaryHome m_home;

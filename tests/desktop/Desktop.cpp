@@ -50,7 +50,7 @@ Desktop::Desktop()
 
 Desktop::~Desktop()
 {
-    setLayout({u"us"_s});
+    setLayout(u"us"_s);
     for (const auto key : keysDown())
         release(key);
 }
@@ -85,10 +85,10 @@ std::vector<quint8> Desktop::keysDown() const
     return down;
 }
 
-void Desktop::setLayout(const QStringList &arguments)
+void Desktop::setLayout(const QString &arguments)
 {
     // An empty option takes those away that an earlier call set.
-    EXPECT_EQ(runProcess(u"setxkbmap"_s, QStringList{u"-option"_s, u""_s} + arguments).exitCode, 0);
+    EXPECT_EQ(runCommand(u"setxkbmap -option '' "_s + arguments).exitCode, 0);
 }
 
 std::unique_ptr<BackgroundProcess>
@@ -106,5 +106,5 @@ Desktop::start(const QString &program, const QStringList &arguments, const QStri
 QString Desktop::focusedClass() const
 {
     const auto ask = u"xprop -id $(xdotool getwindowfocus) WM_CLASS"_s;
-    return QString::fromUtf8(runProcess(u"sh"_s, {u"-c"_s, ask}).output);
+    return QString::fromUtf8(runCommand(ask).output);
 }

@@ -52,7 +52,7 @@ public:
     [[nodiscard]] std::vector<quint8> keysDown() const;
 
     // Runs setxkbmap with these arguments.
-    void setLayout(const QStringList &arguments);
+    void setLayout(const QString &arguments);
 
     // Starts an application and waits until its window, by the name its class carries, has the
     // focus. It is ended with the returned object.

@@ -138,7 +138,7 @@ TEST_F(HotKeyCaptureTest, whatIsPressedBecomesTheHotKeyAtOnce)
     X11HotKeyRegistrar other(m_input);
     for (const auto &[layout, chord, expected] : rows) {
         const auto old = m_hotKey;
-        m_desktop.setLayout(layout.split(u' '));
+        m_desktop.setLayout(layout);
         beginCapture();
         m_desktop.tap(chord);
         ASSERT_TRUE(waitUntil([this] { return m_hasCaptured; })) << m_button.text().toStdString();
@@ -160,7 +160,7 @@ TEST_F(HotKeyCaptureTest, unnamedKeysBeepAndEscapeRestores)
     EXPECT_TRUE(waitUntil([&bell] { return bell.hasRung(); }));
     EXPECT_EQ(m_button.text(), u"按下新的快捷键"_s);
     // With AltGr a key types a character of its own.
-    m_desktop.setLayout({u"fr"_s});
+    m_desktop.setLayout(u"fr"_s);
     m_desktop.press(Key::rightAlt);
     m_desktop.tap({k});
     EXPECT_TRUE(waitUntil([&bell] { return bell.hasRung(); }));

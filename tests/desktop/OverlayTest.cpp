@@ -118,11 +118,9 @@ TEST(OverlayAccessibility, itsNameIsWhatItShows)
     QAccessible::installUpdateHandler(previous);
     EXPECT_EQ(announced, QStringList({u"正在整理"_s, u"使用中 桌上的麦克风"_s}));
     // As a screen reader finds it; its first look at the desktop can be empty.
-    const auto script = u"import pyatspi\n"
+    const auto script = u"/usr/bin/python3 -c 'import pyatspi\n"
                         "for a in pyatspi.Registry.getDesktop(0):\n"
-                        "  for w in a: print(w.name)"_s;
-    EXPECT_TRUE(waitUntil([&script] {
-        return runProcess(u"/usr/bin/python3"_s, {u"-c"_s, script})
-            .output.contains("使用中 桌上的麦克风");
-    }));
+                        "  for w in a: print(w.name)'"_s;
+    EXPECT_TRUE(
+        waitUntil([&script] { return runCommand(script).output.contains("使用中 桌上的麦克风"); }));
 }

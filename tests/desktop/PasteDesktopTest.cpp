@@ -113,7 +113,7 @@ protected:
     // Pastes the row's text after what the editor holds, and once more with no key held.
     void pasteRow(const PasteCase &row)
     {
-        m_desktop.setLayout(QString::fromLatin1(row.layout).split(u' '));
+        m_desktop.setLayout(QString::fromLatin1(row.layout));
         for (const auto key : row.locks)
             m_desktop.tap({key});
         for (const auto key : row.held)
@@ -123,7 +123,7 @@ protected:
         for (const auto key : row.held)
             m_desktop.release(key);
         EXPECT_TRUE(isNoKeyDown());
-        m_desktop.setLayout({u"us"_s});
+        m_desktop.setLayout(u"us"_s);
         m_expected += row.text;
         ASSERT_TRUE(holds(m_expected)) << m_home.read(u"text.txt"_s).right(500).toStdString();
         // Something is copied elsewhere in between.

@@ -69,7 +69,7 @@ protected:
     {
         const QRegularExpression entry(u"\\((\\d+), \\{[^}]*'label': <'%1'>"_s.arg(label));
         call(m_item,
-             u"/MenuBar -m com.canonical.dbusmenu.Event %1 clicked <''> 0"_s.arg(
+             u"/MenuBar -m com.canonical.dbusmenu.Event %1 clicked \"<''>\" 0"_s.arg(
                  entry.match(layout()).captured(1)));
     }
 

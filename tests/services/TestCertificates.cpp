@@ -17,7 +17,7 @@ QSslConfiguration TestCertificates::server(Flaw flaw)
         u"cd %1 && openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 "
         "-nodes -subj /CN=leaf -addext subjectAltName=%2 -keyout leaf.key -out new.pem"
         " && openssl x509 -in new.pem -signkey leaf.key -days %3 -out leaf.pem"_s;
-    runProcess(u"sh"_s, {u"-c"_s, make.arg(m_directory.path(), name, days)});
+    runCommand(make.arg(m_directory.path(), name, days));
     QFile key(m_directory.filePath(u"leaf.key"_s));
     const auto certificates = QSslCertificate::fromPath(m_directory.filePath(u"leaf.pem"_s));
     if (certificates.isEmpty() || !key.open(QIODevice::ReadOnly))

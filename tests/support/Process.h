@@ -12,18 +12,14 @@
 // What a command left behind.
 struct ProcessResult
 {
-    // -1 when the command could not be started, crashed or did not end within its limit.
-    int exitCode = -1;
+    int exitCode = 0; // as shells tell it: 128 and the number of the signal that ended it
     QByteArray output;
     QByteArray errors;
 };
 
-// Runs a command to its end while the event loop keeps running.
-ProcessResult runProcess(const QString &program,
-                         const QStringList &arguments = {},
+// Runs a shell command while the event loop keeps running, and kills it at the limit.
+ProcessResult runCommand(const QString &command,
                          std::chrono::milliseconds limit = std::chrono::seconds(20));
-// The same with a command line; words are separated by blanks, quotes keep them together.
-ProcessResult runCommand(const QString &commandLine);
 
 // A program that runs beside a test and is ended with this object.
 class BackgroundProcess final : public QProcess

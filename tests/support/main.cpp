@@ -7,9 +7,7 @@
 // What the race detector is told, in a build that has it.
 extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-identifier)
 {
-    // QProcess shares its memory with the child until exec, which looks like a fork that went on.
-    return "ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1:"
-           "die_after_fork=0";
+    return "ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1";
 }
 
 // Every test program's entry: an application object without a display unless one was given.
