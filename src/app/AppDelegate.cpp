@@ -122,8 +122,7 @@ void AppDelegate::handleDuplicateLaunchRequest()
 
 void AppDelegate::configureStatusMenu()
 {
-    m_statusMenu.setToolTip(AppRuntime::appName + u"：按 "_s + m_config.hotKey.displayName
-                            + u" 开始或停止录音"_s);
+    m_globalHotKeys.showToolTip(m_config.hotKey);
     m_statusMenu.loadIcon();
 }
 

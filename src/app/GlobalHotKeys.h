@@ -56,10 +56,12 @@ public:
     // Toggles when the configured modifier key goes down; its release arms it again.
     void handleModifierHotKeyEvent(const KeyEvent &event);
 
+    // Names the hotkey in the status item's tool tip, whether it is registered or not.
+    void showToolTip(const HotKeyConfig &hotKey);
+
 private:
     void registerCombination(const HotKeyConfig &hotKey);
     [[nodiscard]] bool takeCombination(const HotKeyConfig &hotKey);
-    void showToolTip(const HotKeyConfig &hotKey);
     void queue(std::function<void()> action);
 
     HotKeyRegistrar &m_registrar;

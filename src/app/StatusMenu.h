@@ -41,8 +41,6 @@ public:
 
     // Kept until there is an icon.
     void setToolTip(const QString &text);
-    [[nodiscard]] QString toolTip() const { return m_toolTip; }
-
     [[nodiscard]] bool hasIcon() const { return m_icon != nullptr; }
 
 private:
