@@ -4,6 +4,7 @@
 #include "AppRuntime.h"
 #include "Backends.h"
 #include "TerminationSignals.h"
+#include "WaylandSession.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -19,6 +20,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(QStringLiteral(WRENFOLD_VERSION));
     QApplication::setDesktopFileName(AppRuntime::bundleIdentifier);
     QApplication::setQuitOnLastWindowClosed(false);
+    WaylandSession::useXWayland();
     QApplication application(argc, argv);
 
     AppDelegate delegate(makeBackends());

@@ -11,6 +11,7 @@
 #include "InputPermissionHelp.h"
 #include "Text.h"
 #include "VolcengineFlashASR.h"
+#include "WaylandSession.h"
 
 #include <QCoreApplication>
 
@@ -73,6 +74,7 @@ void AppDelegate::applicationDidFinishLaunching()
     updateStatusTitle(u"听"_s);
     m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
+    WaylandSession::warnOfLimits();
     AppLogger::info(u"Launch finished."_s);
     m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));
     AudioRecorder::sweepLeftovers();
