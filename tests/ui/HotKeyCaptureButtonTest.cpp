@@ -6,13 +6,11 @@
 #include <QApplication>
 #include <QKeyEvent>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto prompt = u"按下新的快捷键"_s;
 
 struct Stroke
 {
@@ -23,7 +21,6 @@ struct Stroke
 using Strokes = std::vector<Stroke>;
 
 const Stroke space{65, Qt::Key_Space, {}};
-const Stroke escape{9, Qt::Key_Escape, {}};
 const Stroke leftShift{50, Qt::Key_Shift, {}};
 const Stroke leftOption{64, Qt::Key_Alt, {}};
 
@@ -42,41 +39,39 @@ protected:
     // Returns whether the event goes no further.
     bool send(QEvent::Type type, const Stroke &stroke, bool isRepeat = false)
     {
-        QKeyEvent event(
-            type, stroke.key, stroke.modifiers, stroke.scanCode, 0, 0, QString(), isRepeat);
+        QKeyEvent event(type, stroke.key, stroke.modifiers, stroke.scanCode, 0, 0, {}, isRepeat);
         QApplication::sendEvent(&m_button, &event);
         return event.isAccepted();
     }
     bool press(const Stroke &stroke) { return send(QEvent::KeyPress, stroke); }
-    bool release(const Stroke &stroke) { return send(QEvent::KeyRelease, stroke); }
+    void release(const Stroke &stroke) { send(QEvent::KeyRelease, stroke); }
+    bool isPrompting() const { return m_button.text() == u"按下新的快捷键"_s; }
 
     QWidget m_window;
-    HotKeyCaptureButton m_button{[](quint32 key) { return key == 18 ? u"&"_s : QString(); },
-                                 &m_window};
+    HotKeyCaptureButton m_button{[](quint32) { return u"&"_s; }, &m_window};
     QPushButton m_next{&m_window};
-    std::optional<HotKeyConfig> m_captured;
+    HotKeyConfig m_captured;
     std::vector<bool> m_reports;
 };
 
-TEST_F(HotKeyCaptureButtonTest, keysBecomeHotKeysAndDoNothingElse)
+TEST_F(HotKeyCaptureButtonTest, capturedKeysDoNothingElse)
 {
-    const std::pair<Stroke, HotKeyConfig> rows[] = {
-        {{10, Qt::Key_1, Qt::ControlModifier | Qt::MetaModifier}, {18, 0x1100, u"⌃⌘&"_s}},
-        {{23, Qt::Key_Tab, {}}, {48, 0, u"Tab"_s}},
-        {{23, Qt::Key_Backtab, Qt::ShiftModifier}, {48, 0x200, u"⇧Tab"_s}},
-        {{36, Qt::Key_Return, Qt::AltModifier}, {36, 0x800, u"⌥Return"_s}},
-        {space, {49, 0, u"Space"_s}},
-    };
-    for (const auto &[stroke, hotKey] : rows) {
+    const std::pair<Stroke, QString> rows[] = {
+        {{10, Qt::Key_1, Qt::ControlModifier}, u"⌃&"_s},
+        {{23, Qt::Key_Tab, {}}, u"Tab"_s},
+        {{23, Qt::Key_Backtab, Qt::ShiftModifier}, u"⇧Tab"_s},
+        {{36, Qt::Key_Return, {}}, u"Return"_s},
+        {space, u"Space"_s}};
+    for (const auto &[stroke, name] : rows) {
         m_button.beginCapture();
         EXPECT_TRUE(send(QEvent::ShortcutOverride, stroke));
         press(stroke);
         // Held on: neither captured again nor a press of the button nor a move of the focus.
         send(QEvent::KeyPress, stroke, true);
         release(stroke);
-        EXPECT_EQ(m_captured, hotKey);
-        EXPECT_EQ(m_button.accessibleName(), hotKey.displayName);
-        EXPECT_EQ(m_button.text().count(u"&&"_s), hotKey.displayName.count(u'&'));
+        EXPECT_EQ(m_captured.displayName, name);
+        EXPECT_EQ(m_button.accessibleName(), name);
+        EXPECT_EQ(m_button.text().count(u"&&"_s), name.count(u'&'));
         EXPECT_EQ(std::exchange(m_reports, {}), (std::vector{true, false}));
         EXPECT_TRUE(m_button.hasFocus());
     }
@@ -85,15 +80,11 @@ TEST_F(HotKeyCaptureButtonTest, keysBecomeHotKeysAndDoNothingElse)
 TEST_F(HotKeyCaptureButtonTest, modifierReleasedAloneIsTheHotKey)
 {
     const Stroke rightShift{62, Qt::Key_Shift, Qt::ShiftModifier};
-    const Stroke altGr{108, Qt::Key_AltGr, {}};
-    // What is pressed and then released, and the modifier that is set by the last release.
+    // What is pressed and then released, and what the last release makes the hotkey.
     const std::tuple<Strokes, Strokes, QString> rows[] = {
         {{leftOption, leftShift}, {leftShift}, u"左⇧"_s},
         {{leftShift, rightShift}, {rightShift, leftShift}, u"右⇧"_s},
-        {{leftShift, {66, Qt::Key_CapsLock, {}}}, {leftShift}, u"左⇧"_s},
-        // A character of its own is no combination.
-        {{altGr, {10, Qt::Key_1, {}}}, {altGr}, u"右⌥"_s},
-    };
+        {{leftShift, {66, Qt::Key_CapsLock, {}}}, {leftShift}, u"左⇧"_s}};
     for (const auto &[pressed, released, name] : rows) {
         m_button.beginCapture();
         for (const auto &stroke : pressed)
@@ -102,9 +93,8 @@ TEST_F(HotKeyCaptureButtonTest, modifierReleasedAloneIsTheHotKey)
             EXPECT_EQ(m_button.text(), u"继续按字母/空格，或松开设为 "_s + name);
             release(stroke);
         }
-        EXPECT_EQ(m_button.text(), name);
-        for (const auto &stroke : pressed)
-            release(stroke);
+        EXPECT_EQ(m_captured.displayName, name);
+        release(leftOption);
     }
     // A modifier whose release goes to another window was not pressed alone.
     m_button.beginCapture();
@@ -112,28 +102,25 @@ TEST_F(HotKeyCaptureButtonTest, modifierReleasedAloneIsTheHotKey)
     m_next.setFocus();
     m_button.setFocus();
     press(leftShift);
-    EXPECT_EQ(m_captured->displayName, u"右⌥"_s);
+    EXPECT_EQ(m_captured.displayName, u"左⇧"_s);
 }
 
 TEST_F(HotKeyCaptureButtonTest, beginsByClickOrKeyAndEndsByEscape)
 {
-    m_button.setHotKey({});
-    EXPECT_TRUE(send(QEvent::ShortcutOverride, escape));
+    EXPECT_TRUE(send(QEvent::ShortcutOverride, {9, Qt::Key_Escape, {}}));
     QMouseEvent click(QEvent::MouseButtonPress, {}, {}, Qt::LeftButton, Qt::LeftButton, {});
     QApplication::sendEvent(&m_button, &click);
-    EXPECT_EQ(m_button.text(), prompt);
-    EXPECT_FALSE(m_button.isDown());
-    EXPECT_TRUE(press(escape));
+    EXPECT_TRUE(isPrompting() && !m_button.isDown());
+    EXPECT_TRUE(press({9, Qt::Key_Escape, {}}));
     EXPECT_EQ(m_button.text(), u"⌘⇧Space"_s);
     press(space);
     release(space);
     m_button.setHotKey({40, 0x1000, u"⌃K"_s});
-    EXPECT_EQ(m_button.text(), prompt);
+    EXPECT_TRUE(isPrompting());
     press({66, Qt::Key_Escape, Qt::AltModifier}); // Caps Lock made Escape
     EXPECT_EQ(m_button.text(), u"⌃K"_s);
     press({36, Qt::Key_Return, {}});
-    EXPECT_EQ(m_button.text(), prompt);
-    EXPECT_FALSE(m_captured);
+    EXPECT_TRUE(isPrompting());
 }
 
 TEST_F(HotKeyCaptureButtonTest, capturingIsReportedForTheActiveWindowOnly)
