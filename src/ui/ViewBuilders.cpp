@@ -15,17 +15,32 @@ namespace {
 
 QWidget *makeHeading(const QString &title, int titleSize, const QString &subtitle, int gap)
 {
-    auto *block = new QWidget;
-    auto *layout = new QVBoxLayout(block);
-    layout->setContentsMargins({});
-    layout->setSpacing(gap);
+    auto *layout = ViewBuilders::makeStack(gap);
     layout->addWidget(ViewBuilders::makeLabel(
         title, interfaceFont(titleSize, QFont::DemiBold), SemanticColor::Label));
     layout->addWidget(ViewBuilders::makeBodyLabel(subtitle));
+    auto *block = new QWidget;
+    block->setLayout(layout);
     return block;
 }
 
 } // namespace
+
+QVBoxLayout *ViewBuilders::makeStack(int spacing)
+{
+    auto *layout = new QVBoxLayout;
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+QHBoxLayout *ViewBuilders::makeRow(int spacing)
+{
+    auto *layout = new QHBoxLayout;
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing);
+    return layout;
+}
 
 QWidget *ViewBuilders::makeTitleBlock(const QString &title, const QString &subtitle)
 {

@@ -10,7 +10,9 @@
 
 class ClosureButton;
 class QFont;
+class QHBoxLayout;
 class QScrollArea;
+class QVBoxLayout;
 class QWidget;
 class TextLabel;
 
@@ -18,6 +20,9 @@ class TextLabel;
 // gives it one. Lengths are in logical pixels.
 namespace ViewBuilders {
 
+// Layouts without margins that put things below or beside each other.
+[[nodiscard]] QVBoxLayout *makeStack(int spacing);
+[[nodiscard]] QHBoxLayout *makeRow(int spacing);
 // A page's heading: the title with the subtitle 8 below it.
 [[nodiscard]] QWidget *makeTitleBlock(const QString &title, const QString &subtitle);
 // A section's heading: the title with the subtitle 6 below it.
