@@ -3,6 +3,7 @@
 #include "InterfaceStyle.h"
 
 #include "Palette.h"
+#include "ThinScrollBar.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -106,12 +107,45 @@ void InterfaceStyle::drawComplexControl(ComplexControl control,
                                         QPainter *painter,
                                         const QWidget *widget) const
 {
-    if (control != CC_ComboBox) {
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    switch (control) {
+    case CC_ComboBox:
+        drawButton(*painter, *option);
+        drawChevron(*painter, subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget));
         return;
+    case CC_ScrollBar:
+        if (const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option))
+            ThinScrollBar::draw(*painter, *slider);
+        return;
+    default:
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
-    drawButton(*painter, *option);
-    drawChevron(*painter, subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget));
+}
+
+QRect InterfaceStyle::subControlRect(ComplexControl control,
+                                     const QStyleOptionComplex *option,
+                                     SubControl part,
+                                     const QWidget *widget) const
+{
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control != CC_ScrollBar || !slider)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    const auto thumb = ThinScrollBar::thumbRect(*slider);
+    const auto &track = option->rect;
+    const bool isHorizontal = slider->orientation == Qt::Horizontal;
+    switch (part) {
+    case SC_ScrollBarSlider:
+        return thumb;
+    case SC_ScrollBarGroove:
+        return track;
+    case SC_ScrollBarSubPage:
+        return isHorizontal ? QRect(track.topLeft(), thumb.bottomLeft() - QPoint(1, 0))
+                            : QRect(track.topLeft(), thumb.topRight() - QPoint(0, 1));
+    case SC_ScrollBarAddPage:
+        return isHorizontal ? QRect(thumb.topRight() + QPoint(1, 0), track.bottomRight())
+                            : QRect(thumb.bottomLeft() + QPoint(0, 1), track.bottomRight());
+    default:
+        return {}; // no arrows
+    }
 }
 
 int InterfaceStyle::pixelMetric(PixelMetric metric,
@@ -121,5 +155,7 @@ int InterfaceStyle::pixelMetric(PixelMetric metric,
     // A pressed button shows it by its colour.
     if (metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical)
         return 0;
+    if (metric == PM_ScrollBarExtent)
+        return ThinScrollBar::extent;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }

@@ -18,6 +18,10 @@ public:
                             const QStyleOptionComplex *option,
                             QPainter *painter,
                             const QWidget *widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control,
+                                       const QStyleOptionComplex *option,
+                                       SubControl part,
+                                       const QWidget *widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric,
                                   const QStyleOption *option,
                                   const QWidget *widget) const override;

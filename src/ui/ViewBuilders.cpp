@@ -89,6 +89,8 @@ QScrollArea *ViewBuilders::makeScrollView(QWidget *document)
 {
     auto *view = new QScrollArea;
     view->setFrameShape(QFrame::NoFrame);
+    // What it holds takes the focus, and is scrolled to.
+    view->setFocusPolicy(Qt::NoFocus);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view->setWidgetResizable(true);
     view->setWidget(document);
