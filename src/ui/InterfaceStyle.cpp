@@ -16,6 +16,8 @@ namespace {
 
 constexpr qreal controlRadius = 6;
 constexpr qreal focusWidth = 2;
+// Between a field's border and its text, besides what Qt keeps free.
+constexpr int fieldPadding = 4;
 
 bool has(const QStyleOption &option, QStyle::StateFlag state)
 {
@@ -32,6 +34,12 @@ void drawRoundedRect(QPainter &painter, const QRectF &rect, const QPen &pen, con
     painter.drawRoundedRect(
         rect.adjusted(inset, inset, -inset, -inset), controlRadius, controlRadius);
     painter.restore();
+}
+
+bool hasFrame(const QStyleOption &option)
+{
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
+    return frame && frame->lineWidth > 0;
 }
 
 QPen outline(const QStyleOption &option)
@@ -92,7 +100,8 @@ void InterfaceStyle::drawPrimitive(PrimitiveElement element,
                         Qt::NoBrush);
         return;
     case PE_PanelLineEdit:
-        drawRoundedRect(*painter, option->rect, outline(*option), option->palette.base());
+        if (hasFrame(*option))
+            drawRoundedRect(*painter, option->rect, outline(*option), option->palette.base());
         return;
     case PE_Frame:
         drawRoundedRect(*painter, option->rect, outline(*option), Qt::NoBrush);
@@ -146,6 +155,16 @@ QRect InterfaceStyle::subControlRect(ComplexControl control,
     default:
         return {}; // no arrows
     }
+}
+
+QRect InterfaceStyle::subElementRect(SubElement element,
+                                     const QStyleOption *option,
+                                     const QWidget *widget) const
+{
+    const auto rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_LineEditContents && hasFrame(*option))
+        return rect.adjusted(fieldPadding, 0, -fieldPadding, 0);
+    return rect;
 }
 
 int InterfaceStyle::pixelMetric(PixelMetric metric,

@@ -22,6 +22,9 @@ public:
                                        const QStyleOptionComplex *option,
                                        SubControl part,
                                        const QWidget *widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element,
+                                       const QStyleOption *option,
+                                       const QWidget *widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric,
                                   const QStyleOption *option,
                                   const QWidget *widget) const override;
