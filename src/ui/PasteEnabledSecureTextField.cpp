@@ -9,11 +9,14 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 PasteEnabledSecureTextField::PasteEnabledSecureTextField()
 {
     setEchoMode(QLineEdit::Password);
+    setMaxLength(std::numeric_limits<int>::max());
 }
 
 bool PasteEnabledSecureTextField::performKeyEquivalent(const QKeyEvent &event)

@@ -7,16 +7,35 @@
 #include "Pasteboard.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 
+#include <algorithm>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// A line edit lays out and draws the whole of its text at every blink of the caret, which takes it
+// a second for a megabyte.
+constexpr qsizetype maxShown = 10'000;
+constexpr qsizetype shownEnd = 1'000;
+constexpr auto omissionMark = u'︙';
+
+} // namespace
+
 PasteEnabledTextField::PasteEnabledTextField()
 {
     setMaxLength(std::numeric_limits<int>::max());
+    connect(this, &QLineEdit::textChanged, this, &PasteEnabledTextField::shorten);
+}
+
+QString PasteEnabledTextField::text() const
+{
+    return withOmission(QLineEdit::text());
 }
 
 bool PasteEnabledTextField::performKeyEquivalent(const QKeyEvent &event)
@@ -33,8 +52,13 @@ bool PasteEnabledTextField::performKeyEquivalent(const QKeyEvent &event)
 
 void PasteEnabledTextField::keyPressEvent(QKeyEvent *event)
 {
-    if (!performKeyEquivalent(*event))
-        QLineEdit::keyPressEvent(event);
+    if (performKeyEquivalent(*event))
+        return;
+    const auto selected = withOmission(selectedText());
+    QLineEdit::keyPressEvent(event);
+    if (!selected.isEmpty()
+        && (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)))
+        QGuiApplication::clipboard()->setText(selected);
 }
 
 void PasteEnabledTextField::contextMenuEvent(QContextMenuEvent *event)
@@ -62,4 +86,26 @@ void PasteEnabledTextField::selectAllText()
 {
     setFocus(Qt::OtherFocusReason);
     selectAll();
+}
+
+QString PasteEnabledTextField::withOmission(QString shown) const
+{
+    const auto position = m_omission.isEmpty() ? -1 : shown.indexOf(omissionMark);
+    return position < 0 ? shown : shown.replace(position, 1, m_omission);
+}
+
+void PasteEnabledTextField::shorten()
+{
+    const auto shown = QLineEdit::text();
+    if (shown.size() > maxShown) {
+        const auto whole = withOmission(shown);
+        const auto afterCaret = std::min(shown.size() - cursorPosition(), shownEnd);
+        m_omission = whole.mid(shownEnd, whole.size() - 2 * shownEnd);
+        const QSignalBlocker blocker(this);
+        setText(whole.left(shownEnd) + omissionMark + whole.right(shownEnd));
+        setCursorPosition(int(2 * shownEnd + 1 - afterCaret));
+    } else if (!isUndoAvailable() && !isRedoAvailable()) {
+        // The text was set, not edited.
+        m_omission.clear();
+    }
 }

@@ -5,11 +5,15 @@
 #include <QLineEdit>
 
 // A one-line field whose paste takes plain text at the caret, line breaks included, whatever its
-// length.
+// length. Of a text of more than 10,000 UTF-16 units only the two ends are shown, with "︙" for
+// what is between them, which can be deleted like any other character.
 class PasteEnabledTextField final : public QLineEdit
 {
 public:
     PasteEnabledTextField();
+
+    // The whole text, what is not shown included.
+    [[nodiscard]] QString text() const;
 
     // Runs an editing shortcut, taking the focus. Returns whether it was one of the field's; other
     // keys are left alone.
@@ -22,4 +26,8 @@ protected:
 private:
     void pasteText();
     void selectAllText();
+    [[nodiscard]] QString withOmission(QString shown) const;
+    void shorten();
+
+    QString m_omission;
 };

@@ -9,7 +9,7 @@
 std::optional<QString> plainTextFromPasteboard()
 {
     const auto *content = QGuiApplication::clipboard()->mimeData();
-    if (!content || !content->hasText())
-        return {};
-    return content->text();
+    // Also null when the application that offers a text does not hand it over.
+    const auto text = content ? content->text() : QString();
+    return text.isNull() ? std::nullopt : std::optional(text);
 }
