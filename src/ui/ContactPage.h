@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ContactDetails.h"
+
+#include <QWidget>
+
+#include <functional>
+
+// The page that says how to reach the maker and where the log is.
+class ContactPage final : public QWidget
+{
+public:
+    explicit ContactPage(const ContactDetails &details = buildContactDetails());
+
+    // May be empty.
+    std::function<void()> onOpenLogFolder;
+
+private:
+    [[nodiscard]] QWidget *makeDiagnosticsPanel();
+};
