@@ -132,7 +132,7 @@ TEST_F(HotKeyCaptureTest, refusedKeysBeepEscapeRestoresAndRepeatsAreNoPresses)
         const std::unique_ptr<xcb_generic_event_t, decltype(&free)> owner(event, &free);
         return event != nullptr && event->response_type != 0;
     };
-    m_desktop.setLayout({u"fr"_s});
+    m_desktop.setLayout(u"fr"_s);
     beginCapture();
     m_desktop.tap({Key::insert});
     EXPECT_TRUE(waitUntil(hasRung));
