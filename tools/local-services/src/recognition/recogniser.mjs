@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import { isSilent, splitAtPauses } from './pauses.mjs';
+import { engineOptions, takesHotwords } from './model-types.mjs';
+import { RecognitionWorker } from './worker.mjs';
+
+// Models are made for a few sentences at a time; longer recordings are cut.
+const longestPieceSeconds = 15;
+
+/**
+ * Recognises recordings one after another, with one model in memory at a time. A worker that has
+ * failed is replaced at once when it had done work before, else with the next recording.
+ */
+export class Recogniser {
+    #engineFolder;
+    #worker;
+    #loaded; // what the worker was started for
+    #hasWorked = false;
+    #last = Promise.resolve();
+
+    constructor(engineFolder) {
+        this.#engineFolder = engineFolder;
+    }
+
+    /** Loads a model ahead, in the background. */
+    prepare(model, language) {
+        this.#workerFor(model, language);
+    }
+
+    /**
+     * The words in a recording, in the order of the calls.
+     *
+     * @param {object} recording samples and sampleRate, as `decodeWave` returns them
+     * @param {object} model as `readModel` returns it
+     * @param {string} language `auto` or a code
+     * @param {string[]} terms words to expect
+     * @param {AbortSignal} signal gives the recording up, at the latest after a piece of 15 s
+     * @returns {Promise<string>} empty when nothing was said
+     * @throws {EngineError}
+     */
+    recognise(recording, model, language, terms, signal) {
+        const run = () => this.#recognise(recording, model, language, terms, signal);
+        const result = this.#last.then(run);
+        this.#last = result.catch(() => {});
+        return result;
+    }
+
+    stop() {
+        this.#worker?.stop();
+    }
+
+    async #recognise({ samples, sampleRate }, model, language, terms, signal) {
+        const hotwords = takesHotwords(model) && terms.length ? biasing(terms) : undefined;
+        const texts = [];
+        for (const piece of splitAtPauses(samples, sampleRate, longestPieceSeconds)) {
+            signal.throwIfAborted();
+            if (isSilent(piece, sampleRate)) continue;
+            const worker = this.#workerFor(model, language);
+            try {
+                texts.push((await worker.recognise(piece, sampleRate, hotwords)).trim());
+                this.#hasWorked = true;
+            } catch (error) {
+                if (worker.hasFailed && this.#hasWorked) this.#workerFor(model, language);
+                throw error;
+            }
+        }
+        return join(texts.filter(Boolean));
+    }
+
+    #workerFor(model, language) {
+        const wanted = JSON.stringify([model, language]);
+        if (!this.#worker || this.#worker.hasFailed || this.#loaded !== wanted) {
+            this.#worker?.stop();
+            this.#worker = new RecognitionWorker(
+                this.#engineFolder,
+                engineOptions(model, language),
+            );
+            this.#loaded = wanted;
+            this.#hasWorked = false;
+        }
+        return this.#worker;
+    }
+}
+
+/** The engine's way to write a list; its own signs cannot be part of a word. */
+const biasing = (terms) => terms.map((term) => term.replace(/[/:#@]/g, ' ').trim()).join('/');
+
+/** Pieces of text in a row, with blanks where the script uses them. */
+const join = (texts) =>
+    texts.reduce((all, text) => {
+        const isTight = /\p{sc=Han}$|[，。？！；：、]$/u.test(all) || /^\p{sc=Han}/u.test(text);
+        return all && !isTight ? `${all} ${text}` : all + text;
+    }, '');

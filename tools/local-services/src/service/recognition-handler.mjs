@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import { chooseModel, listModels } from '../recognition/models.mjs';
+import { correctTerms } from '../recognition/terms.mjs';
+import { EngineError } from '../recognition/worker.mjs';
+import { sendJson } from './answer.mjs';
+import {
+    bodyLimit,
+    parseRecognition,
+    RecognitionFailure,
+    statusCodes,
+} from './recognition-request.mjs';
+import { BodyTooLarge, readBody } from './request-body.mjs';
+
+// Recordings in memory at once, the one in work included.
+const mostAtOnce = 4;
+
+/** The wire protocol of the recognition service, answered by a Recogniser. */
+export class RecognitionHandler {
+    path = '/api/v3/auc/bigmodel/recognize/flash';
+    #recogniser;
+    #modelsFolder;
+    #log;
+    #active = 0;
+
+    /**
+     * @param {import('../recognition/recogniser.mjs').Recogniser} recogniser
+     * @param {string} modelsFolder looked through anew with each request
+     * @param {function(string)} log takes a line without anything that was said
+     */
+    constructor(recogniser, modelsFolder, log) {
+        this.#recogniser = recogniser;
+        this.#modelsFolder = modelsFolder;
+        this.#log = log;
+    }
+
+    keyOf(headers) {
+        return headers['x-api-key'] ?? '';
+    }
+
+    /** Loads the model for recordings in any language, if there is one. */
+    prepare() {
+        const model = chooseModel(this.#models(), 'auto');
+        if (model) this.#recogniser.prepare(model, 'auto');
+        else this.#log('There is no recognition model.');
+    }
+
+    async handle(request, response, query) {
+        const isBusy = this.#active >= mostAtOnce;
+        ++this.#active;
+        try {
+            const body = await readBody(request, isBusy ? 0 : bodyLimit);
+            const text = await this.#recognise(body, query, abortedWith(response));
+            this.#answer(response, statusCodes.success, 'OK', { result: { text } });
+        } catch (error) {
+            const { code, message } = asFailure(error, isBusy);
+            this.#log(`Recognition failed. code=${code} reason=${message}`);
+            this.#answer(response, code, message, {});
+        } finally {
+            --this.#active;
+        }
+    }
+
+    refuse(response, status, reason) {
+        this.#answer(response, statusCodes.badRequest, reason, {}, status);
+    }
+
+    async #recognise(body, query, signal) {
+        const language = query.get('language') || 'auto';
+        const model = chooseModel(this.#models(), language);
+        if (!model) throw new RecognitionFailure(statusCodes.badRequest, missingModel(language));
+        const { recording, terms } = parseRecognition(body);
+        const start = performance.now();
+        const heard = await this.#recogniser.recognise(recording, model, language, terms, signal);
+        if (!heard) throw new RecognitionFailure(statusCodes.silence, 'nothing was said');
+        const seconds = recording.samples.length / recording.sampleRate;
+        this.#log(
+            `Recognised. model=${model.name} audioSeconds=${seconds.toFixed(2)} ` +
+                `seconds=${((performance.now() - start) / 1000).toFixed(2)}`,
+        );
+        return correctTerms(heard, terms);
+    }
+
+    #models() {
+        return listModels(this.#modelsFolder).flatMap(({ model }) => model ?? []);
+    }
+
+    #answer(response, code, message, body, status = 200) {
+        sendJson(response, status, body, {
+            'X-Api-Status-Code': code,
+            'X-Api-Message': message.replace(/[^\x20-\x7e]/g, '?'),
+        });
+    }
+}
+
+function missingModel(language) {
+    const asked = /^[A-Za-z-]{1,10}$/.test(language) ? `language "${language}"` : 'such a language';
+    return language === 'auto'
+        ? 'no recognition model is installed; see: scripts/local models'
+        : `no recognition model for ${asked} is installed; see: scripts/local models`;
+}
+
+function asFailure(error, isBusy) {
+    if (isBusy) return new RecognitionFailure(statusCodes.busy, 'too many recordings at once');
+    if (error instanceof RecognitionFailure) return error;
+    if (error instanceof BodyTooLarge)
+        return new RecognitionFailure(
+            statusCodes.badRequest,
+            `the body is longer than ${bodyLimit} bytes`,
+        );
+    if (error instanceof EngineError)
+        return new RecognitionFailure(statusCodes.failure, error.message);
+    return new RecognitionFailure(statusCodes.failure, `unexpected: ${error.name}`);
+}
+
+/** A signal that tells that nobody waits for the answer any more. */
+function abortedWith(response) {
+    const controller = new AbortController();
+    response.once('close', () => controller.abort());
+    return controller.signal;
+}
