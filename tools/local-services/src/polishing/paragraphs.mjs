@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import { createHash } from 'node:crypto';
+
+/** Sentences in one paragraph, with blanks where the marks bring no space of their own. */
+const run = (sentences) =>
+    sentences.reduce(
+        (all, sentence) =>
+            all && !/[。！？…”）]$/u.test(all) ? `${all} ${sentence}` : all + sentence,
+        '',
+    );
+
+// What begins a new step of a train of thought.
+const step = new RegExp(
+    '^(?:首先|其次|再次|然后|接着|最后|另外|此外|总之|所以|因此|但是|不过|第[一二三四五六七八九十]|' +
+        '(?:First(?:ly)?|Second(?:ly)?|Third(?:ly)?|Next|Then|Finally|Also|However|But|So|Therefore|' +
+        'In addition|In the end)\\b)',
+    'u',
+);
+
+const grouped = (sentences, isFirst) => {
+    const groups = [];
+    sentences.forEach((sentence, index) => {
+        if (!groups.length || isFirst(sentence, index)) groups.push([]);
+        groups.at(-1).push(sentence);
+    });
+    return groups.map(run);
+};
+
+const lines = (sentences) => sentences.join('\n');
+const pairs = (sentences) => grouped(sentences, (_, index) => index % 2 === 0).join('\n\n');
+const steps = (sentences) => grouped(sentences, (sentence) => step.test(sentence)).join('\n\n');
+
+// By the SHA-256 of the application's own prompts: everyday text, a script to be spoken, and a
+// structured report.
+const byPrompt = {
+    '3901d913d5e152dfc6400457c530f7ccf34585d4b8ec1a4127ab355425ac7218': lines,
+    '8c60e35013143a7e8d07a27a03322788b8240a0b75e15b93d9d2fdacecd69e9a': pairs,
+    '7777f108a461594bd8e05db761394b905423ea920fbd5ed150de28a1a16aad5d': steps,
+};
+
+/**
+ * How sentences are put together for a system message: for the application's own prompts a sentence
+ * a line, pairs of sentences, or a paragraph a step; for any other one paragraph.
+ *
+ * @param {string} prompt
+ * @returns {function(string[]): string}
+ */
+export function paragraphing(prompt) {
+    const digest = createHash('sha256').update(prompt).digest('hex');
+    return byPrompt[digest] ?? run;
+}
