@@ -48,3 +48,10 @@ build() {
     quietly "build/$preset-configure.log" cmake --preset "$preset"
     quietly "build/$preset-build.log" cmake --build --preset "$preset" "${targets[@]}"
 }
+
+# Installs the local services for tests and demonstrations, beside the builds instead of in the
+# user's home. What is started afterwards finds them there.
+install_test_services() {
+    export XDG_DATA_HOME=$project_root/build/data
+    scripts/local install
+}

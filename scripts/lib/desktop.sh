@@ -29,33 +29,6 @@ await_log() {
     grep -F -- "$text" "$log_file" | tail -n 1
 }
 
-# Writes a configuration whose services are both at a port of this machine.
-write_configuration() {
-    local port=$1
-    mkdir -m 700 "$HOME/.wrenfold"
-    cat >"$HOME/.wrenfold/config.json" <<JSON
-{
-  "deepSeek": {
-    "apiKey": "not-a-real-key",
-    "baseURL": "http://127.0.0.1:$port",
-    "model": "deepseek-v4-flash"
-  },
-  "volcengine": {
-    "accessKey": "",
-    "apiKey": "not-a-real-key",
-    "appKey": "",
-    "enableDDC": true,
-    "enableITN": true,
-    "enablePunctuation": true,
-    "endpoint": "http://127.0.0.1:$port/api/v3/auc/bigmodel/recognize/flash",
-    "modelName": "bigmodel",
-    "resourceId": "volc.bigasr.auc_turbo"
-  }
-}
-JSON
-    chmod 600 "$HOME/.wrenfold/config.json"
-}
-
 # Presses the default hotkey.
 press_hotkey() { xdotool key Super+Shift+space; }
 
