@@ -26,7 +26,8 @@ const rows = [
         'I think that that had had a very very long day.',
     ],
     ['call five five five one two one two', 'Call five five five one two one two.'],
-    ['New York, New York', 'New York, New York.'],
+    ['New York, New York, please, Please, go', 'New York, New York, please, Please, go.'],
+    ['Please, please come, come in', 'Please come in.'],
     ['我们我们今天开会，然后然后讨论讨论', '我们今天开会，然后讨论讨论。'],
     ['一二三一二三，哈哈哈哈哈哈，妈妈谢谢', '一二三一二三，哈哈哈哈哈哈，妈妈谢谢。'],
     // Marks, spaces and capitals.

@@ -13,17 +13,11 @@ const numbers = words(
         'thirteen fourteen fifteen sixteen seventeen eighteen nineteen twenty thirty forty fifty ' +
         'sixty seventy eighty ninety hundred thousand million point',
 );
-const small =
-    'the|a|an|i|we|you|he|she|they|it|to|of|in|on|at|and|but|or|for|with|is|are|was|my|our|' +
-    "this|i'm|it's|we're";
-
 const edgeLeft = "(?<![\\p{sc=Latin}\\p{N}'’-])";
 const edgeRight = "(?![\\p{sc=Latin}\\p{N}'’-])";
 const word = "[\\p{sc=Latin}'’]+";
 
-const phraseTwice = new RegExp(`${edgeLeft}(${word}(?: ${word}){0,3})(?: \\1)+${edgeRight}`, 'giu');
-const smallTwice = new RegExp(`${edgeLeft}(${small})(?:, \\1)+${edgeRight}`, 'giu');
-const clauseTwice = new RegExp(`${edgeLeft}(${word}(?: ${word}){1,3}), \\1${edgeRight}`, 'giu');
+const twice = new RegExp(`${edgeLeft}(${word}(?: ${word}){0,3})(?:,? \\1)+${edgeRight}`, 'giu');
 
 const hanSmall =
     '我们|你们|他们|她们|咱们|这个|那个|这些|那些|然后|因为|所以|但是|如果|就是|今天|明天|现在|' +
@@ -37,12 +31,16 @@ function isMeant(phrase) {
     const parts = phrase.toLowerCase().split(' ');
     const isSpelling = (part) => part.length === 1 && part !== 'i' && part !== 'a';
     return (
-        parts.every((part) => meantTwice.has(part)) ||
+        (new Set(parts).size === 1 && meantTwice.has(parts[0])) ||
         parts.some((part) => numbers.has(part) || isSpelling(part))
     );
 }
 
-const isName = (phrase) => / (?!I\b)\p{Lu}/u.test(phrase);
+/** Whether it has a capital in the middle of a sentence. */
+const isName = (phrase) => /(?:^| )(?!I\b)\p{Lu}/u.test(phrase);
+
+const isKept = (all, phrase) =>
+    isMeant(phrase) || (all.includes(',') && isName(all.slice(-phrase.length)));
 
 /**
  * Leaves one of several equal words or phrases in a row, as they come from starting anew. What is
@@ -52,9 +50,7 @@ const isName = (phrase) => / (?!I\b)\p{Lu}/u.test(phrase);
  */
 export function removeRepeats(text) {
     return text
-        .replace(phraseTwice, (all, phrase) => (isMeant(phrase) ? all : phrase))
-        .replace(smallTwice, '$1')
-        .replace(clauseTwice, (all, phrase) => (isMeant(phrase) || isName(phrase) ? all : phrase))
+        .replace(twice, (all, phrase) => (isKept(all, phrase) ? all : phrase))
         .replace(hanSmallTwice, '$1')
         .replace(hanPhraseTwice, (all, phrase) =>
             hanNumber.test(phrase) || new Set(phrase).size === 1 ? all : phrase,

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "AppConfig.h"
+#include "Desktop.h"
+#include "Process.h"
+#include "WaitUntil.h"
+#include "WrenfoldApplication.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const auto tool = QStringLiteral(WRENFOLD_LOCAL);
+
+// Speaks into the microphone, to the end.
+void speak(const QString &text)
+{
+    const auto file = QDir::home().filePath(u"spoken.wav"_s);
+    const QStringList spoken{u"-voice"_s, u"slt"_s, u"-t"_s, text, u"-o"_s, file};
+    ASSERT_EQ(runProcess(u"flite"_s, spoken).exitCode, 0);
+    ASSERT_EQ(runProcess(u"paplay"_s, {file}).exitCode, 0);
+}
+
+// What the editor in front holds, by the file it saves.
+std::string savedText(Desktop &desktop, const QString &path)
+{
+    QFile file(path);
+    const bool isSaved = waitUntil([&] {
+        desktop.tap({Key::leftControl, Key::s});
+        return waitUntil([&] { return file.size() > 0; }, 500ms);
+    });
+    return isSaved && file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
+}
+
+} // namespace
+
+TEST(LocalServices, TurnSpeechIntoTextInTheEditorWithoutAnAccount)
+{
+    qputenv("XDG_DATA_HOME", WRENFOLD_LOCAL_DATA);
+    ASSERT_EQ(runProcess(tool, {u"enable"_s}).exitCode, 0) << "scripts/local install failed";
+    auto config = AppConfig::loadOrCreateTemplate().config;
+    config.personalDictionary.terms = {u"MEETING"_s};
+    AppConfig::save(config);
+    QProcess services;
+    services.setProcessChannelMode(QProcess::ForwardedChannels);
+    services.start(tool, {u"serve"_s});
+    Desktop desktop;
+    WrenfoldApplication application;
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    EXPECT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 1);
+
+    const auto note = QDir::home().filePath(u"note.txt"_s);
+    const auto editor = desktop.start(u"mousepad"_s, {u"--disable-server"_s, note}, u"mousepad"_s);
+    const std::vector<quint8> hotkey{Key::leftSuper, Key::leftShift, Key::space};
+    desktop.tap(hotkey);
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
+    speak(u"Um, please please move the meeting to Thursday. They live in the old wooden house."_s);
+    desktop.tap(hotkey);
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s, 1, 60s));
+    EXPECT_EQ(savedText(desktop, note),
+              "Please move the MEETING to Thursday.\nThey live in the old wooden house.");
+
+    EXPECT_EQ(application.end(SIGTERM), 0);
+    EXPECT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 0);
+    AppConfig before;
+    before.personalDictionary = config.personalDictionary;
+    EXPECT_EQ(AppConfig::loadOrCreateTemplate().config, before);
+    services.terminate();
+    EXPECT_TRUE(services.waitForFinished());
+}
