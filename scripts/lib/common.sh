@@ -49,9 +49,12 @@ build() {
     quietly "build/$preset-build.log" cmake --build --preset "$preset" "${targets[@]}"
 }
 
-# Installs the local services for tests and demonstrations, beside the builds instead of in the
-# user's home. What is started afterwards finds them there.
+# Where the local services are for tests and demonstrations: beside the builds instead of in the
+# user's home.
+# shellcheck disable=SC2034
+test_data=$project_root/build/data
+
 install_test_services() {
-    export XDG_DATA_HOME=$project_root/build/data
-    scripts/local install
+    say "Installing the local services"
+    timed "local services" env XDG_DATA_HOME="$test_data" scripts/local install
 }

@@ -66,8 +66,8 @@ test('What cannot be recognised is answered in the form of the service', async (
         [recording(silence(0)), '45000002'],
         [recording(silence(0.09)), '45000002'],
         [recording(silence(1)), '20000003'],
-        [recording(silence(601)), '45000001'],
-        [recording(silence(7200)), '45000001'],
+        [recording(silence(601, 8000)), '45000001'],
+        [recording(silence(7200, 8000)), '45000001'],
         [{ ...recording(spoken), request: { corpus: { context: '{' } } }, '45000001'],
     ];
     for (const [body, expected] of rows) {

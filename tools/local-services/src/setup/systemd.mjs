@@ -15,8 +15,9 @@ const systemctl = (...args) => spawnSync('systemctl', ['--user', ...args], { enc
 /** Whether a service manager of the user's runs. */
 export const hasServiceManager = () => systemctl('show-environment').status === 0;
 
-/** In a unit's command "%" and "$" have a meaning, and quotes keep blanks. */
-const quoted = (argument) => `"${argument.replace(/[\\"]/g, '\\$&').replace(/[%$]/g, '$&$&')}"`;
+/** Quotes keep blanks, "%" has a meaning in a unit, and in a command so has "$". */
+const quoted = (text) => `"${text.replace(/[\\"]/g, '\\$&').replaceAll('%', '%%')}"`;
+const quotedArgument = (text) => quoted(text).replaceAll('$', '$$$$');
 
 function units(port) {
     const command = [process.execPath, join(programFolder(), 'wrenfold-local.mjs'), 'serve'];
@@ -35,7 +36,7 @@ Description=Speech recognition and polishing for Wrenfold, on this machine
 Requires=${socketUnit}
 
 [Service]
-ExecStart=${command.map(quoted).join(' ')}
+ExecStart=${command.map(quotedArgument).join(' ')}
 Environment=${['XDG_DATA_HOME', 'XDG_CONFIG_HOME']
             .filter((name) => process.env[name])
             .map((name) => quoted(`${name}=${process.env[name]}`))
@@ -61,7 +62,10 @@ export function startListening(port) {
     systemctl('daemon-reload');
     systemctl('stop', serviceUnit, socketUnit);
     const { status, stderr } = systemctl('enable', '--now', socketUnit);
-    if (status !== 0) throw new Error(`the service manager does not listen: ${stderr.trim()}`);
+    if (status !== 0)
+        throw new Error(
+            `the service manager does not listen: ${stderr.trim()}; use: scripts/local serve`,
+        );
 }
 
 /** Ends the service, stops listening and takes the units away. */

@@ -24,7 +24,8 @@ export function wave(samples, { sampleRate = 16000, channels = 1, format = 1, bi
     return file;
 }
 
-export const silence = (seconds) => wave(new Float32Array(Math.round(seconds * 16000)));
+export const silence = (seconds, sampleRate = 16000) =>
+    wave(new Float32Array(Math.round(seconds * sampleRate)), { sampleRate });
 
 /**
  * A spoken sentence as a WAV file.

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import assert from 'node:assert/strict';
+import { cpSync, existsSync, readdirSync, readFileSync } from 'node:fs';
+import test from 'node:test';
+
+import { engineFolder, modelsFolder } from '../src/setup/folders.mjs';
+import { run, temporaryHome, write } from './support/home.mjs';
+
+/** A home without anything installed, and an npm that does what a line of shell says. */
+function homeWithNpm(context, script) {
+    const home = temporaryHome(context, { XDG_DATA_HOME: '' });
+    write(home.path('bin', 'npm'), `#!/bin/sh\n${script}\n`, 0o755);
+    home.environment.PATH = `${home.path('bin')}:${home.environment.PATH}`;
+    return { ...home, data: (...names) => home.path('.local', 'share', 'wrenfold', ...names) };
+}
+
+const listed = (folder) => (existsSync(folder) ? readdirSync(folder) : []);
+
+test('An engine that does not arrive whole is not installed', (context) => {
+    for (const [script, reason] of [
+        ['mkdir -p node_modules/half; echo EINTEGRITY >&2; exit 1', /EINTEGRITY/],
+        ['mkdir -p node_modules/sherpa-onnx-node', /MODULE_NOT_FOUND/],
+    ]) {
+        const home = homeWithNpm(context, script);
+        const { status, stderr } = run(home, 'install');
+        assert.equal(status, 1);
+        assert.match(stderr, reason);
+        assert.deepEqual(listed(home.data('local-services')), []);
+    }
+});
+
+test('A model that is not what was pinned is not installed', (context) => {
+    // What npm hands out is another package of the right name.
+    const archive = 'tar -czf "$5/moonshine-ai-moonshine-js-0.1.29.tgz" -C /etc hostname';
+    for (const [script, reason] of [
+        [archive, /its hash differs/],
+        ['echo ENOTFOUND >&2; exit 1', /ENOTFOUND/],
+    ]) {
+        const home = homeWithNpm(context, script);
+        cpSync(engineFolder(), home.data('local-services', 'engine'), { recursive: true });
+        const { status, stderr } = run(home, 'install');
+        assert.equal(status, 1);
+        assert.match(stderr, reason);
+        assert.deepEqual(listed(home.data('models')), []);
+    }
+});
+
+test('What is installed is complete, has its licences and is not fetched again', (context) => {
+    const model = `${modelsFolder()}/moonshine-tiny-en`;
+    assert.match(readFileSync(`${model}/LICENSE`, 'utf8'), /MIT License/);
+    assert.match(readFileSync(`${model}/LICENSE.tokens`, 'utf8'), /MIT LICENSE/);
+    assert.match(
+        readFileSync(`${engineFolder()}/licences/Apache-2.0.txt`, 'utf8'),
+        /Apache License/,
+    );
+    const tokens = readFileSync(`${model}/tokens.txt`, 'utf8').split('\n');
+    assert.deepEqual([tokens[3], tokens[31999], tokens.length], ['AA==\t3', '57uZ\t31999', 32001]);
+    const home = homeWithNpm(context, 'exit 1');
+    home.environment.XDG_DATA_HOME = process.env.XDG_DATA_HOME;
+    assert.deepEqual(run(home, 'install'), { status: 0, stdout: '', stderr: '' });
+});
+
+test('The lockfile pins every package and names no place to get it from', () => {
+    const lock = JSON.parse(readFileSync(new URL('../package-lock.json', import.meta.url), 'utf8'));
+    const [, ...packages] = Object.values(lock.packages);
+    assert.ok(packages.every(({ integrity }) => /^sha512-.{86}==$/.test(integrity)));
+    assert.doesNotMatch(JSON.stringify(lock), /resolved|:\/\//);
+});
