@@ -52,10 +52,11 @@ TEST(LocalServices, TurnSpeechIntoTextInTheEditorWithoutAnAccount)
     QProcess services;
     services.setProcessChannelMode(QProcess::ForwardedChannels);
     services.start(tool, {u"serve"_s});
+    qunsetenv("XDG_DATA_HOME");
     Desktop desktop;
     WrenfoldApplication application;
     ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
-    EXPECT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 1);
+    ASSERT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 1);
 
     const auto note = QDir::home().filePath(u"note.txt"_s);
     const auto editor = desktop.start(u"mousepad"_s, {u"--disable-server"_s, note}, u"mousepad"_s);

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+//
+// usage: node bench.mjs FOLDER ROWS
+// Measures the local recogniser on spoken sentences, beside pocketsphinx on the same sound. The
+// sound goes to the folder, the rows are appended to the file.
+
+import { Companion } from './companion.mjs';
+import { makeCorpus } from './corpus.mjs';
+import { recogniseWithPocketsphinx } from './pocketsphinx.mjs';
+import { Results } from './results.mjs';
+import { wordErrorRate } from './word-errors.mjs';
+
+const rounds = 5;
+const [folder, rows] = process.argv.slice(2);
+const results = new Results(rows);
+const recordings = makeCorpus(folder);
+const [first] = recordings;
+
+async function firstRequests() {
+    const cold = [];
+    const warm = [];
+    for (let round = 0; round < rounds; ++round) {
+        const companion = await Companion.waitingForItsFirstConnection();
+        cold.push((await companion.recognise(first.file)).milliseconds);
+        warm.push((await companion.recognise(first.file)).milliseconds);
+        await companion.stop();
+    }
+    const sentence = `${first.seconds.toFixed(1)} s of speech`;
+    results.add({
+        name: `Local: first request, nothing runs, ${sentence}`,
+        unit: 'ms',
+        values: cold,
+    });
+    results.add({ name: `Local: next request, ${sentence}`, unit: 'ms', values: warm });
+}
+
+async function accuracy() {
+    const companion = await Companion.waitingForItsFirstConnection();
+    await companion.recognise(first.file);
+    const heard = [];
+    const factors = [];
+    for (const { file, seconds } of recordings) {
+        const { text, milliseconds } = await companion.recognise(file);
+        heard.push(text);
+        factors.push(milliseconds / 1000 / seconds);
+    }
+    const memory = companion.memory();
+    await companion.stop();
+
+    const peer = 'pocketsphinx';
+    const other = recogniseWithPocketsphinx(folder, recordings);
+    for (const noise of new Set(recordings.map((recording) => recording.noise))) {
+        const part = (_, index) => recordings[index].noise === noise;
+        const rate = (texts) => wordErrorRate(recordings.filter(part), texts.filter(part));
+        const name = `Local: word errors, ${noise}`;
+        results.add({
+            name,
+            unit: '%',
+            values: [rate(heard)],
+            peer,
+            peerValues: [rate(other.heard)],
+        });
+    }
+    const spoken = recordings.reduce((sum, { seconds }) => sum + seconds, 0);
+    const peerValues = [other.seconds / spoken];
+    results.add({
+        name: 'Local: seconds for a second of speech',
+        unit: 's',
+        values: factors,
+        peer,
+        peerValues,
+    });
+    results.add({ name: 'Local: memory, both processes', unit: 'MB', values: [memory] });
+}
+
+await firstRequests();
+await accuracy();

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import { spawn } from 'node:child_process';
+import { once } from 'node:events';
+import { readFileSync } from 'node:fs';
+import { fileURLToPath } from 'node:url';
+
+import { writeSettings } from '../../tools/local-services/src/setup/settings.mjs';
+
+const program = fileURLToPath(
+    new URL('../../tools/local-services/wrenfold-local.mjs', import.meta.url),
+);
+
+const settings = { port: 47614, key: 'key-of-the-benchmark' };
+
+/** The companion as the service manager starts it, with the first connection. Its settings go to the home folder. */
+export class Companion {
+    #child;
+
+    static async waitingForItsFirstConnection() {
+        const companion = new Companion();
+        writeSettings(settings);
+        const variables = ['HOME', 'PATH', 'XDG_DATA_HOME'].flatMap((name) => ['-E', name]);
+        const command = [
+            '-l',
+            `127.0.0.1:${port}`,
+            ...variables,
+            process.execPath,
+            program,
+            'serve',
+        ];
+        companion.#child = spawn('systemd-socket-activate', command, {
+            stdio: ['ignore', 'ignore', 'pipe'],
+        });
+        await once(companion.#child.stderr, 'data');
+        companion.#child.stderr.resume();
+        return companion;
+    }
+
+    /** @returns {Promise<{text: string, milliseconds: number}>} the words in a WAV file */
+    async recognise(file) {
+        const { port, key } = settings;
+        const body = JSON.stringify({ audio: { data: readFileSync(file, 'base64') }, request: {} });
+        const headers = { 'Content-Type': 'application/json', 'X-Api-Key': key };
+        const start = performance.now();
+        const url = `http://127.0.0.1:${port}/api/v3/auc/bigmodel/recognize/flash`;
+        const response = await fetch(url, { method: 'POST', headers, body });
+        const { result } = await response.json();
+        return { text: result?.text ?? '', milliseconds: performance.now() - start };
+    }
+
+    /** Memory of its processes in MB, what they share with others in proportion. */
+    memory() {
+        const children = readFileSync(
+            `/proc/${this.#child.pid}/task/${this.#child.pid}/children`,
+            'utf8',
+        );
+        const pids = [this.#child.pid, ...children.trim().split(' ')];
+        const kilobytes = (pid) =>
+            Number(readFileSync(`/proc/${pid}/smaps_rollup`, 'utf8').match(/^Pss: +(\d+)/m)[1]);
+        return pids.map(kilobytes).reduce((a, b) => a + b, 0) / 1024;
+    }
+
+    async stop() {
+        this.#child.kill();
+        await once(this.#child, 'exit');
+    }
+}
