@@ -7,6 +7,8 @@
 #include "TextLabel.h"
 #include "ViewBuilders.h"
 
+#include <QMultiHash>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -38,20 +40,25 @@ DictionaryChipCloudView::DictionaryChipCloudView()
 
 void DictionaryChipCloudView::setTerms(const QStringList &terms)
 {
-    if (terms == m_terms)
-        return;
-    m_terms = terms;
-    const auto focused = focusedChip();
-    const auto former = std::exchange(m_chipButtons, makeChips());
+    const auto focused = std::ranges::find_if(m_chipButtons, &QWidget::hasFocus);
+    const auto focusedPosition = focused - m_chipButtons.begin();
+    // Chips that stay are kept: a screen reader is told of each new one.
+    QMultiHash<QString, DictionaryChipButton *> former;
+    for (auto *chip : std::exchange(m_chipButtons, {}))
+        former.insert(chip->term(), chip);
+    for (const auto &term : terms) {
+        auto *kept = former.take(term);
+        m_chipButtons.push_back(kept ? kept : makeChip(term));
+    }
+    for (std::size_t i = 1; i < m_chipButtons.size(); ++i)
+        setTabOrder(m_chipButtons[i - 1], m_chipButtons[i]);
     m_emptyLabel->setVisible(terms.isEmpty());
     layoutChips();
-    if (focused && !m_chipButtons.empty())
-        m_chipButtons[std::min(*focused, m_chipButtons.size() - 1)]->setFocus();
-    // Only now: hidden before, a chip would hand its focus to the next that goes. And one of them
-    // may be the one whose press has brought us here.
-    for (auto *chip : former) {
+    for (auto *chip : std::as_const(former)) {
+        if (chip->hasFocus())
+            focusChip(focusedPosition);
         chip->hide();
-        chip->deleteLater();
+        chip->deleteLater(); // it may be its press that has brought us here
     }
     updateGeometry();
 }
@@ -83,27 +90,21 @@ void DictionaryChipCloudView::showEvent(QShowEvent *)
     updateGeometry();
 }
 
-std::vector<DictionaryChipButton *> DictionaryChipCloudView::makeChips()
+DictionaryChipButton *DictionaryChipCloudView::makeChip(const QString &term)
 {
-    std::vector<DictionaryChipButton *> chips;
-    for (const auto &term : m_terms) {
-        auto *chip = new DictionaryChipButton(term, [this](const QString &pressed) {
-            if (onDelete)
-                onDelete(pressed);
-        });
-        chip->setParent(this);
-        chip->show();
-        chips.push_back(chip);
-    }
-    return chips;
+    auto *chip = new DictionaryChipButton(term, [this](const QString &pressed) {
+        if (onDelete)
+            onDelete(pressed);
+    });
+    chip->setParent(this);
+    chip->show();
+    return chip;
 }
 
-std::optional<std::size_t> DictionaryChipCloudView::focusedChip() const
+void DictionaryChipCloudView::focusChip(std::ptrdiff_t position)
 {
-    const auto chip = std::ranges::find_if(m_chipButtons, &QWidget::hasFocus);
-    if (chip == m_chipButtons.end())
-        return {};
-    return std::size_t(chip - m_chipButtons.begin());
+    if (!m_chipButtons.empty())
+        m_chipButtons[std::min(std::size_t(position), m_chipButtons.size() - 1)]->setFocus();
 }
 
 std::vector<QRect> DictionaryChipCloudView::chipFrames(int width) const

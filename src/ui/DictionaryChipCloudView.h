@@ -5,7 +5,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 #include <vector>
 
 class DictionaryChipButton;
@@ -21,8 +20,8 @@ public:
     // Called with the term whose chip was pressed. May be empty.
     std::function<void(const QString &term)> onDelete;
 
-    // Shows these terms, in order. The keyboard focus stays at its place in the row of chips, so
-    // that after a deletion the next chip has it.
+    // Shows these terms, in order. When the chip that has the keyboard focus goes, the next one
+    // gets it.
     void setTerms(const QStringList &terms);
     // The height that the chips take in this width.
     [[nodiscard]] int measuredHeight(int width) const;
@@ -36,12 +35,11 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    [[nodiscard]] std::vector<DictionaryChipButton *> makeChips();
+    [[nodiscard]] DictionaryChipButton *makeChip(const QString &term);
     [[nodiscard]] std::vector<QRect> chipFrames(int width) const;
-    [[nodiscard]] std::optional<std::size_t> focusedChip() const;
+    void focusChip(std::ptrdiff_t position);
     void layoutChips();
 
-    QStringList m_terms;
     std::vector<DictionaryChipButton *> m_chipButtons;
     TextLabel *m_emptyLabel;
 };
