@@ -5,6 +5,7 @@
 #include "Palette.h"
 #include "ThinScrollBar.h"
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -18,6 +19,8 @@ constexpr qreal controlRadius = 6;
 constexpr qreal focusWidth = 2;
 // Between a field's border and its text, besides what Qt keeps free.
 constexpr int fieldPadding = 4;
+// Of a framed view: keeps its square content out of the round corners.
+constexpr int viewFrameWidth = 4;
 
 bool has(const QStyleOption &option, QStyle::StateFlag state)
 {
@@ -40,6 +43,13 @@ bool hasFrame(const QStyleOption &option)
 {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&option);
     return frame && frame->lineWidth > 0;
+}
+
+// What a framed view stands on, so that its frame is filled like its content.
+QBrush viewBackground(const QWidget *widget)
+{
+    const auto *view = qobject_cast<const QAbstractScrollArea *>(widget);
+    return view ? view->palette().brush(view->viewport()->backgroundRole()) : QBrush();
 }
 
 QPen outline(const QStyleOption &option)
@@ -104,7 +114,7 @@ void InterfaceStyle::drawPrimitive(PrimitiveElement element,
             drawRoundedRect(*painter, option->rect, outline(*option), option->palette.base());
         return;
     case PE_Frame:
-        drawRoundedRect(*painter, option->rect, outline(*option), Qt::NoBrush);
+        drawRoundedRect(*painter, option->rect, outline(*option), viewBackground(widget));
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -176,5 +186,7 @@ int InterfaceStyle::pixelMetric(PixelMetric metric,
         return 0;
     if (metric == PM_ScrollBarExtent)
         return ThinScrollBar::extent;
+    if (metric == PM_DefaultFrameWidth && qobject_cast<const QAbstractScrollArea *>(widget))
+        return viewFrameWidth;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
