@@ -3,10 +3,13 @@
 #include "HotKeyCaptureButton.h"
 
 #include "HotKeyFormatter.h"
+#include "InterfaceFont.h"
 #include "KeyCodes.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include <algorithm>
 
@@ -15,6 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint32 escapeKeyCode = 53;
+constexpr int titleMargin = 8;
+// Of a title that is too wide for one line: two lines fit then.
+constexpr int longTitleSize = 13;
 
 // The stored code of the event's key; absent when it has none.
 std::optional<quint32> keyCodeOf(const QKeyEvent &event)
@@ -162,6 +168,22 @@ void HotKeyCaptureButton::mousePressEvent(QMouseEvent *event)
         beginCapture();
     else
         QPushButton::mousePressEvent(event);
+}
+
+void HotKeyCaptureButton::paintEvent(QPaintEvent *event)
+{
+    const auto room = contentsRect().adjusted(titleMargin, 0, -titleMargin, 0);
+    if (fontMetrics().horizontalAdvance(accessibleName()) <= room.width()) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+    painter.setFont(interfaceFont(longTitleSize));
+    painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, accessibleName());
 }
 
 void HotKeyCaptureButton::handleKeyDown(const QKeyEvent &event)
