@@ -10,7 +10,7 @@
 
 namespace {
 
-// Of a link: room for the focus frame.
+// Of a link: room for the focus frame, but on the left, where it stands flush with what is above.
 constexpr int linkMargin = 2;
 
 } // namespace
@@ -38,7 +38,7 @@ QSize ClosureButton::sizeHint() const
 {
     if (m_style == Style::Rounded)
         return QPushButton::sizeHint();
-    return fontMetrics().size(Qt::TextSingleLine, text()) + QSize(2 * linkMargin, 2 * linkMargin);
+    return fontMetrics().size(Qt::TextSingleLine, text()) + QSize(linkMargin, 2 * linkMargin);
 }
 
 void ClosureButton::paintEvent(QPaintEvent *event)
@@ -53,6 +53,6 @@ void ClosureButton::paintLink()
 {
     QPainter painter(this);
     painter.setPen(Palette::color(SemanticColor::Link));
-    painter.drawText(rect(), Qt::AlignCenter, text());
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text());
     drawFocusFrame(painter, *this);
 }
