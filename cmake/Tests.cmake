@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Wrenfold authors
 # SPDX-License-Identifier: MIT
 find_package(GTest REQUIRED)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 include(GoogleTest)
 
 set(WRENFOLD_TEST_PREFIX "" CACHE STRING "What the names of a sanitized build's tests begin with")

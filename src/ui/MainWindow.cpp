@@ -6,6 +6,7 @@
 #include "PasteEnabledTextField.h"
 #include "PasteEnabledTextView.h"
 #include "Sidebar.h"
+#include "WindowPlacement.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -31,9 +32,7 @@ bool performKeyEquivalent(QWidget &widget, const QKeyEvent &event)
 
 MainWindow::MainWindow(const QList<QWidget *> &pages,
                        std::function<void(MainWindowPage)> onPageClick)
-    : QWidget(nullptr,
-              Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-                  | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint)
+    : QWidget(nullptr, WindowPlacement::regularWindow)
     , m_sidebar(new Sidebar)
     , m_pages(new QStackedLayout)
 {

@@ -7,14 +7,21 @@
 #include <QObject>
 #include <QUrl>
 
-// Stands for the browser and the file manager: notes the local files and folders they would open.
+// Stands for the browser and the file manager: notes the addresses of one scheme they would open.
 class UrlCatcher final : public QObject
 {
     Q_OBJECT
 public:
-    UrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    explicit UrlCatcher(const QString &scheme = QStringLiteral("file"))
+        : m_scheme(scheme)
+    {
+        QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(m_scheme); }
     Q_INVOKABLE void open(const QUrl &url) { opened << url; }
 
     QList<QUrl> opened;
+
+private:
+    QString m_scheme;
 };

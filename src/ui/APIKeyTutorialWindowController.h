@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTextDocumentFragment>
+
+#include <memory>
+
+class QWidget;
+class TextLabel;
+class TutorialTextView;
+
+// The window that explains how to get an API key. It is built when first shown, and kept.
+class APIKeyTutorialWindowController final
+{
+public:
+    APIKeyTutorialWindowController();
+    ~APIKeyTutorialWindowController();
+    APIKeyTutorialWindowController(const APIKeyTutorialWindowController &) = delete;
+    APIKeyTutorialWindowController &operator=(const APIKeyTutorialWindowController &) = delete;
+
+    // Shows a tutorial, from its start, in the middle of the screen and in front. The body may hold
+    // links written as "[label](address)".
+    void show(const QString &title, const QString &body);
+
+    // The text as shown: of a link with an http or https address only the label is left, which
+    // opens the address if that is a valid URL.
+    [[nodiscard]] static QTextDocumentFragment attributedTutorialBody(const QString &body);
+
+private:
+    void buildWindow();
+
+    std::unique_ptr<QWidget> m_window;
+    TextLabel *m_titleLabel = nullptr;
+    TutorialTextView *m_textView = nullptr;
+};
