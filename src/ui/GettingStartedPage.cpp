@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "GettingStartedPage.h"
+
+#include "APIKeySection.h"
+#include "HotKeySection.h"
+#include "PromptSection.h"
+#include "ViewBuilders.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using namespace ViewBuilders;
+
+namespace {
+
+// A callback that calls another, which may still be set or changed.
+template<typename... Arguments>
+std::function<void(Arguments...)> forwarding(const std::function<void(Arguments...)> &target)
+{
+    return [&target](Arguments... arguments) {
+        if (target)
+            target(arguments...);
+    };
+}
+
+} // namespace
+
+GettingStartedPage::GettingStartedPage(HotKeyCaptureButton::KeyCharacters keyCharacters)
+    : m_apiKeySection(new APIKeySection)
+    , m_hotKeySection(new HotKeySection(std::move(keyCharacters)))
+    , m_promptSection(new PromptSection)
+    , m_scrollView(makeScrollView(makeDocument()))
+{
+    auto *layout = makeStack(0);
+    layout->addWidget(m_scrollView);
+    setLayout(layout);
+    forwardCallbacks();
+}
+
+void GettingStartedPage::load(const AppConfig &config)
+{
+    m_apiKeySection->load(config.volcengine.apiKey, config.deepSeek.apiKey);
+    m_hotKeySection->load(config.hotKey);
+    m_promptSection->load(config.prompts);
+}
+
+void GettingStartedPage::scrollToTop()
+{
+    m_scrollView->verticalScrollBar()->setValue(0);
+}
+
+QWidget *GettingStartedPage::makeDocument()
+{
+    auto *layout = makeStack(18);
+    layout->setContentsMargins(32, 28, 32, 28);
+    layout->addWidget(makeTitleBlock(
+        u"开始使用"_s, u"按顺序完成 API、快捷键和转写指令设置。配置只保存在本机。"_s));
+    layout->addWidget(makePanel(m_apiKeySection));
+    layout->addWidget(makePanel(m_hotKeySection));
+    layout->addWidget(makePanel(m_promptSection));
+    layout->addStretch();
+    auto *document = new QWidget;
+    document->setLayout(layout);
+    return document;
+}
+
+void GettingStartedPage::forwardCallbacks()
+{
+    m_apiKeySection->onAPIKeysSave = forwarding(onAPIKeysSave);
+    m_apiKeySection->onShowTutorial = forwarding(onShowTutorial);
+    m_hotKeySection->onHotKeyChange = forwarding(onHotKeyChange);
+    m_hotKeySection->onHotKeyCaptureChange = forwarding(onHotKeyCaptureChange);
+    m_promptSection->onPromptSettingsChange = forwarding(onPromptSettingsChange);
+}

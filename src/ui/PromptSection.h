@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PromptSettings.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class PasteEnabledTextField;
+class PasteEnabledTextView;
+class QComboBox;
+class QLayout;
+class TextLabel;
+
+// Where the user chooses the polishing prompt and writes prompts of their own.
+class PromptSection final : public QWidget
+{
+public:
+    PromptSection();
+
+    // Shows the stored prompts. An unknown selection becomes the clean prompt. Nothing is reported.
+    void load(const PromptSettings &settings);
+
+    // Called with the settings and the text of the prompt that is active now after each change.
+    std::function<void(const PromptSettings &, const QString &promptText)> onPromptSettingsChange;
+
+private:
+    [[nodiscard]] QLayout *makeMenuRow();
+    [[nodiscard]] QLayout *makeSaveRow();
+    void configurePromptTextView();
+    void reloadPromptMenu();
+    void loadSelectedPrompt();
+    void promptSelectionChanged();
+    void addCustomPrompt();
+    void deleteSelectedCustomPrompt();
+    void saveSelectedCustomPrompt();
+    [[nodiscard]] PromptDefinition selectedPrompt() const;
+    // The end of the list when a built-in prompt is selected.
+    [[nodiscard]] QList<PromptDefinition>::iterator selectedCustomPrompt();
+    void report(const QString &promptText) const;
+
+    PromptSettings m_promptSettings;
+    QComboBox *m_promptMenu;
+    PasteEnabledTextField *m_promptNameField;
+    PasteEnabledTextView *m_promptTextView;
+    TextLabel *m_promptStatusLabel;
+};
