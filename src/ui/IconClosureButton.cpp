@@ -6,6 +6,7 @@
 #include "Palette.h"
 #include "Symbol.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace {
@@ -24,7 +25,7 @@ IconClosureButton::IconClosureButton(const QString &symbolName,
 {
     setToolTip(title);
     setAccessibleName(title);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setFixedSize(buttonSize);
     connect(this, &QAbstractButton::clicked, this, [this] {
@@ -38,9 +39,26 @@ QSize IconClosureButton::sizeHint() const
     return buttonSize;
 }
 
+void IconClosureButton::setOpacity(double opacity)
+{
+    m_opacity = opacity;
+    update();
+}
+
+void IconClosureButton::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        event->ignore();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
 void IconClosureButton::paintEvent(QPaintEvent *)
 {
+    if (m_opacity == 0)
+        return;
     QPainter painter(this);
+    painter.setOpacity(m_opacity);
     painter.setRenderHint(QPainter::Antialiasing);
     if (underMouse() || isDown()) {
         painter.setPen(Qt::NoPen);

@@ -7,7 +7,8 @@
 #include <functional>
 
 // A button of 24 by 24 that shows a symbol only and runs a stored callback. Its title is the tool
-// tip and the accessible name.
+// tip and the accessible name. The keyboard focus comes to it by keys only, and the keys Up and
+// Down are left to what it stands in.
 class IconClosureButton final : public QAbstractButton
 {
 public:
@@ -18,11 +19,16 @@ public:
     // May be empty.
     std::function<void()> onClick;
 
+    // From 0 (invisible) to 1. Does not keep it from being used.
+    void setOpacity(double opacity);
+
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     QString m_symbolName;
+    double m_opacity = 1;
 };
