@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDateTime>
+#include <QWidget>
+
+#include <functional>
+
+struct HistoryItem;
+class HistoryListView;
+class HistoryRowView;
+class HistoryStore;
+
+// The page of the transcript history: the stored results in the store's order, with a heading
+// wherever the day changes. A result can be pasted again, copied and deleted.
+class HistoryPage final : public QWidget
+{
+public:
+    // The list is empty until the first reload. The store must outlive the page; the clock tells
+    // the current time.
+    explicit HistoryPage(
+        HistoryStore &store,
+        std::function<QDateTime()> clock = [] { return QDateTime::currentDateTime(); });
+
+    // May be empty. Is given the polished text.
+    std::function<void(const QString &text)> onPasteHistory;
+
+    // Shows the store's items, under the days that they belong to in the time zone and at the hour
+    // of now.
+    void reloadHistory();
+    // "今天", "昨天", the day within this year, or the day with its year: in local time.
+    [[nodiscard]] QString dateHeaderText(const QDateTime &date) const;
+
+private:
+    [[nodiscard]] HistoryRowView *makeRow(const HistoryItem &item);
+
+    HistoryStore &m_store;
+    std::function<QDateTime()> m_clock;
+    HistoryListView *m_list;
+};
