@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Results.h"
+
+// Measures the windows, which it builds itself, beside bare Qt widgets with the same content. A
+// frame is what is due to be drawn, drawn at once.
+class WindowBenchmark final
+{
+public:
+    explicit WindowBenchmark(Results &results);
+
+    // A full transcript history: opened and scrolled.
+    void measureHistory();
+
+private:
+    Results &m_results;
+};
