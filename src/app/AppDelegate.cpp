@@ -5,6 +5,7 @@
 #include "Alert.h"
 #include "AppLogger.h"
 #include "AppRuntime.h"
+#include "Appearance.h"
 #include "AutoPaster.h"
 #include "DeepSeekPolisher.h"
 #include "Farewell.h"
@@ -72,6 +73,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_globalHotKeys.installHotKeyHandler();
     m_globalHotKeys.registerHotKey();
     updateStatusTitle(u"听"_s);
+    m_backends.colorScheme->start(&Appearance::setColorScheme);
     m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
     WaylandSession::warnOfLimits();
@@ -190,12 +192,20 @@ MainWindowController &AppDelegate::mainWindow()
 {
     if (m_mainWindowController)
         return *m_mainWindowController;
-    m_mainWindowController = std::make_unique<MainWindowController>();
+    Appearance::install();
+    m_mainWindowController =
+        std::make_unique<MainWindowController>(m_historyStore, m_backends.keyCharacters);
     auto &window = *m_mainWindowController;
     window.onAPIKeysSave = [this](const QString &doubaoAPIKey, const QString &deepSeekAPIKey) {
         updateAPIKeys(doubaoAPIKey, deepSeekAPIKey);
     };
     window.onHotKeyChange = [this](const HotKeyConfig &hotKey) { updateHotKey(hotKey); };
+    window.onHotKeyCaptureChange = [this](bool isCapturing) {
+        if (isCapturing)
+            m_globalHotKeys.suspendHotKey();
+        else
+            m_globalHotKeys.resumeHotKey();
+    };
     window.onPromptSettingsChange = [this](const PromptSettings &prompts, const QString &text) {
         updatePromptSettings(prompts, text);
     };

@@ -4,11 +4,13 @@
 
 #include "MicrophonePermissionStore.h"
 #include "PulseAudioSystem.h"
+#include "SettingsPortal.h"
 #include "TrayHostMonitor.h"
 #include "X11ClipboardHandover.h"
 #include "X11Compositor.h"
 #include "X11HotKeyRegistrar.h"
 #include "X11InputConnection.h"
+#include "X11KeyCharacters.h"
 #include "X11ModifierMonitor.h"
 #include "X11SyntheticKeyboard.h"
 #include "X11TrayWatch.h"
@@ -22,8 +24,10 @@ Backends makeBackends()
         .modifiers = std::make_unique<X11ModifierMonitor>(*input),
         .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
         .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
+        .colorScheme = std::make_unique<SettingsPortal>(),
         .trayHosts = {},
         .hasCompositor = &hasCompositor,
+        .keyCharacters = &charactersTypedBy,
         .handOverClipboard = [] { handOverClipboard(); },
     };
     backends.trayHosts.push_back(std::make_unique<TrayHostMonitor>());

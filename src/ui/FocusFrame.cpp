@@ -7,7 +7,7 @@
 
 void drawFocusFrame(QPainter &painter, const QWidget &widget)
 {
-    if (!widget.hasFocus())
+    if (!widget.hasFocus() || !widget.window()->testAttribute(Qt::WA_KeyboardFocusChange))
         return;
     QStyleOptionFocusRect option;
     option.initFrom(&widget);

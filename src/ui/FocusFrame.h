@@ -5,5 +5,6 @@
 class QPainter;
 class QWidget;
 
-// Draws the frame that says that the widget has the keyboard focus, while it has.
+// Draws the frame that says that the widget has the keyboard focus, while it has and the user moves
+// it by keyboard.
 void drawFocusFrame(QPainter &painter, const QWidget &widget);

@@ -52,17 +52,22 @@ QBrush viewBackground(const QWidget *widget)
     return view ? view->palette().brush(view->viewport()->backgroundRole()) : QBrush();
 }
 
-QPen outline(const QStyleOption &option)
+// Of a field where text is typed the focus always shows, of a button while the user moves it by
+// keyboard.
+QPen outline(const QStyleOption &option, QStyle::State shownWith = QStyle::State_HasFocus)
 {
-    if (has(option, QStyle::State_HasFocus))
+    if ((option.state & shownWith) == shownWith)
         return {Palette::color(SemanticColor::ControlAccent), focusWidth};
     return {Palette::color(SemanticColor::Label, 0.18), 1};
 }
 
 void drawButton(QPainter &painter, const QStyleOption &option)
 {
-    drawRoundedRect(
-        painter, option.rect, outline(option), Palette::color(SemanticColor::ControlBackground));
+    constexpr auto keyboardFocus = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    drawRoundedRect(painter,
+                    option.rect,
+                    outline(option, keyboardFocus),
+                    Palette::color(SemanticColor::ControlBackground));
     const bool isEnabled = has(option, QStyle::State_Enabled);
     if (isEnabled && has(option, QStyle::State_Sunken))
         drawRoundedRect(

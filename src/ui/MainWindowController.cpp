@@ -2,11 +2,107 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindowController.h"
 
-void MainWindowController::show(const AppConfig &, MainWindowPage) {}
+#include "ContactPage.h"
+#include "DictionaryPage.h"
+#include "GettingStartedPage.h"
+#include "HistoryPage.h"
+#include "MainWindow.h"
+#include "WindowPlacement.h"
 
-void MainWindowController::refreshIfVisible(const AppConfig &) {}
+namespace {
+
+// Hands what a page reports on to the callback the application controller may have set.
+template<typename... Arguments>
+std::function<void(Arguments...)> forwardTo(std::function<void(Arguments...)> &callback)
+{
+    return [&callback](Arguments... arguments) {
+        if (callback)
+            callback(arguments...);
+    };
+}
+
+} // namespace
+
+MainWindowController::MainWindowController(HistoryStore &store,
+                                           HotKeyCaptureButton::KeyCharacters keyCharacters)
+    : m_store(store)
+    , m_keyCharacters(std::move(keyCharacters))
+{}
+
+MainWindowController::~MainWindowController() = default;
+
+void MainWindowController::show(const AppConfig &config, MainWindowPage page)
+{
+    const bool wasVisible = isVisible();
+    if (!m_window)
+        buildWindow();
+    load(config);
+    switchTo(page);
+    if (!wasVisible)
+        WindowPlacement::center(*m_window);
+    WindowPlacement::bringToFront(*m_window);
+}
+
+void MainWindowController::refreshIfVisible(const AppConfig &config)
+{
+    if (!isVisible())
+        return;
+    load(config);
+    if (m_window->currentPage() == MainWindowPage::Clipboard)
+        m_historyPage->reloadHistory();
+}
 
 bool MainWindowController::isVisible() const
 {
-    return false;
+    return m_window && m_window->isVisible();
+}
+
+void MainWindowController::buildWindow()
+{
+    m_gettingStartedPage = new GettingStartedPage(m_keyCharacters);
+    m_historyPage = new HistoryPage(m_store);
+    m_dictionaryPage = new DictionaryPage;
+    m_contactPage = new ContactPage;
+    m_window = std::make_unique<MainWindow>(
+        QList<QWidget *>{m_gettingStartedPage, m_historyPage, m_dictionaryPage, m_contactPage},
+        [this](MainWindowPage page) { switchTo(page); });
+    connectPages();
+}
+
+void MainWindowController::connectPages()
+{
+    m_gettingStartedPage->onAPIKeysSave = forwardTo(onAPIKeysSave);
+    m_gettingStartedPage->onHotKeyChange = forwardTo(onHotKeyChange);
+    m_gettingStartedPage->onHotKeyCaptureChange = forwardTo(onHotKeyCaptureChange);
+    m_gettingStartedPage->onPromptSettingsChange = forwardTo(onPromptSettingsChange);
+    m_gettingStartedPage->onShowTutorial = [this](const QString &title, const QString &body) {
+        m_tutorialWindowController.show(title, body);
+    };
+    m_historyPage->onPasteHistory = forwardTo(onPasteHistory);
+    m_dictionaryPage->onPersonalDictionaryChange = forwardTo(onPersonalDictionaryChange);
+    m_contactPage->onOpenLogFolder = forwardTo(onOpenLogFolder);
+}
+
+void MainWindowController::load(const AppConfig &config)
+{
+    m_gettingStartedPage->load(config);
+    m_dictionaryPage->load(config.personalDictionary);
+}
+
+void MainWindowController::switchTo(MainWindowPage page)
+{
+    m_window->setCurrentPage(page);
+    switch (page) {
+    case MainWindowPage::GettingStarted:
+        m_gettingStartedPage->scrollToTop();
+        break;
+    case MainWindowPage::Clipboard:
+        m_historyPage->reloadHistory();
+        break;
+    case MainWindowPage::Dictionary:
+        m_dictionaryPage->reloadDictionaryList();
+        break;
+    case MainWindowPage::Contact:
+        break;
+    }
 }

@@ -21,6 +21,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
+class NoColorScheme final : public ColorSchemeWatch
+{
+public:
+    void start(Handler) override {}
+};
+
 class AppDelegateTest : public testing::Test
 {
 protected:
@@ -37,8 +43,10 @@ protected:
             .modifiers = std::make_unique<FakeModifierMonitor>(),
             .keyboard = std::move(keyboard),
             .audio = std::make_unique<FakeAudioSystem>(),
+            .colorScheme = std::make_unique<NoColorScheme>(),
             .trayHosts = {},
             .hasCompositor = [] { return true; },
+            .keyCharacters = {},
             .handOverClipboard = [] {},
         };
         delegate = std::make_unique<AppDelegate>(std::move(backends));
