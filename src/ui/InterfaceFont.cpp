@@ -10,9 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QFont withChineseGlyphs(QFont font, int pixelSize, QFont::Weight weight)
+QFont withChineseGlyphs(QFont font, const QString &chinese, int pixelSize, QFont::Weight weight)
 {
-    const auto chinese = u"Noto Sans CJK SC"_s;
     auto families = font.families();
     // Where only CJK faces are installed, the interface font itself is one of them.
     const bool isChineseOrKin = QFontInfo(font).family().contains("CJK"_L1);
@@ -27,11 +26,13 @@ QFont withChineseGlyphs(QFont font, int pixelSize, QFont::Weight weight)
 
 QFont interfaceFont(int pixelSize, QFont::Weight weight)
 {
-    return withChineseGlyphs(QGuiApplication::font(), pixelSize, weight);
+    return withChineseGlyphs(QGuiApplication::font(), u"Noto Sans CJK SC"_s, pixelSize, weight);
 }
 
 QFont monospacedFont(int pixelSize, QFont::Weight weight)
 {
-    return withChineseGlyphs(
-        QFontDatabase::systemFont(QFontDatabase::FixedFont), pixelSize, weight);
+    auto font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // In a list of families a name that only stands for one, as "monospace" does, is passed over.
+    font.setFamilies({QFontInfo(font).family()});
+    return withChineseGlyphs(font, u"Noto Sans Mono CJK SC"_s, pixelSize, weight);
 }
