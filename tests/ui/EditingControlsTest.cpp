@@ -221,7 +221,7 @@ TEST_F(EditingControlsTest, offerTheirOwnMenus)
 
 TEST_F(EditingControlsTest, loseNothingOnAnyRoadIntoAField)
 {
-    const auto lines = u"one\ntwo\r\nthree\u2028four\u2029"_s + QString(1 << 20, u'长');
+    const auto lines = u"one\ntwo\r\nthree\u2028four\u2029"_s + QString(350'000, u'长');
     const std::pair<const char *, std::function<void(PasteEnabledTextField &)>> roads[] = {
         {"Control+V", [](PasteEnabledTextField &field) { press(&field, {}); }},
         {"Shift+Insert",
