@@ -28,18 +28,28 @@ const source = fileURLToPath(new URL('../..', import.meta.url));
 const sha256 = (text) => createHash('sha256').update(text).digest('hex');
 const readIfThere = (path) => (existsSync(path) ? readFileSync(path, 'utf8') : '');
 
+/** What the engine is built for; npm leaves it out without a word when it is not as pinned. */
+function checkNativePackage(folder, lock) {
+    const name = `node_modules/sherpa-onnx-${process.platform}-${process.arch}`;
+    if (!(name in JSON.parse(lock).packages))
+        throw new Error(`the engine is not published for ${process.platform} on ${process.arch}`);
+    if (!existsSync(join(folder, name)))
+        throw new Error(`${name} could not be had, or is not what was pinned`);
+}
+
 /** The engine and its binding, with their licences; whether there was something to do. */
 export function installEngine() {
-    const lock = sha256(readFileSync(join(source, 'package-lock.json')));
-    if (readIfThere(join(engineFolder(), 'installed')) === lock) return false;
+    const lock = readFileSync(join(source, 'package-lock.json'), 'utf8');
+    if (readIfThere(join(engineFolder(), 'installed')) === sha256(lock)) return false;
     replaceFolder(engineFolder(), (folder) => {
         for (const file of ['package.json', 'package-lock.json', '.npmrc'])
             copyFileSync(join(source, file), join(folder, file));
         run('npm', ['ci', '--ignore-scripts', '--no-audit', '--no-fund'], { cwd: folder });
+        checkNativePackage(folder, lock);
         cpSync(join(source, 'licences'), join(folder, 'licences'), { recursive: true });
         // It has to work here before it takes the place of one that does.
         run(process.execPath, ['-e', 'require("sherpa-onnx-node").version'], { cwd: folder });
-        writeFileSync(join(folder, 'installed'), lock);
+        writeFileSync(join(folder, 'installed'), sha256(lock));
     });
     return true;
 }

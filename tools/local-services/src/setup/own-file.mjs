@@ -1,15 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import {
-    chmodSync,
-    existsSync,
-    mkdirSync,
-    realpathSync,
-    renameSync,
-    rmSync,
-    writeFileSync,
-} from 'node:fs';
+import { closeSync, existsSync, fchmodSync, fsyncSync, mkdirSync, openSync } from 'node:fs';
+import { realpathSync, renameSync, rmSync, writeFileSync } from 'node:fs';
 import { dirname } from 'node:path';
 
 /**
@@ -20,9 +13,12 @@ export function writeOwnFile(path, text) {
     mkdirSync(dirname(path), { recursive: true, mode: 0o700 });
     const target = existsSync(path) ? realpathSync(path) : path;
     const temporary = `${target}.${process.pid}.new`;
+    const file = openSync(temporary, 'wx', 0o600);
     try {
-        writeFileSync(temporary, text, { mode: 0o600, flag: 'wx', flush: true });
-        chmodSync(temporary, 0o600);
+        fchmodSync(file, 0o600);
+        writeFileSync(file, text);
+        fsyncSync(file);
+        closeSync(file);
         renameSync(temporary, target);
     } finally {
         rmSync(temporary, { force: true });
