@@ -54,6 +54,7 @@ export class RecognitionHandler {
             const text = await this.#recognise(body, query, abortedWith(response));
             this.#answer(response, statusCodes.success, 'OK', { result: { text } });
         } catch (error) {
+            if (request.socket.destroyed) return;
             const { code, message } = asFailure(error, isBusy);
             this.#log(`Recognition failed. code=${code} reason=${message}`);
             this.#answer(response, code, message, {});
