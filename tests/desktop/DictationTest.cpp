@@ -9,7 +9,6 @@
 #include "WrenfoldApplication.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QRegularExpression>
 
 #include <csignal>
@@ -37,8 +36,7 @@ protected:
     {
         used.configure();
         application.reset();
-        application = std::make_unique<WrenfoldApplication>(environment);
-        ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s, ++launches));
+        application = WrenfoldApplication::launch(environment);
     }
 
     void tap(const std::vector<quint8> &keys, const QString &text, qsizetype times = 1)
@@ -62,7 +60,6 @@ protected:
     ScriptedServices services{
         {u"--transcript"_s, u"嗯 我们今天 ship 新版本"_s, u"--polished"_s, polished}};
     std::unique_ptr<WrenfoldApplication> application;
-    qsizetype launches = 0;
 };
 
 TEST_F(Dictation, ArrivesInTheEditorThatHasTheFocus)
@@ -133,17 +130,16 @@ TEST_F(Dictation, AServiceThatFailsLeavesNothingTypedAndTheNextPressReady)
     const std::tuple<QStringList, QString, qsizetype> rows[] = {
         {{u"--recognition-status"_s, u"503"_s}, u"speechRecognition"_s, 1},
         {{u"--polishing-status"_s, u"402"_s}, u"textPolishing"_s, 2}};
-    qsizetype failures = 0;
     for (const auto &[options, stage, requests] : rows) {
         ScriptedServices failing(options);
         launch(failing);
-        startRecording(2 * failures + 1);
-        finish(++failures);
+        startRecording();
+        finish();
         const auto shown = u"Showing processing failure. stage="_s + stage;
         EXPECT_TRUE(WrenfoldApplication::waitForLog(shown));
         EXPECT_TRUE(
             waitUntil([&, &expected = requests] { return failing.requests().size() == expected; }));
-        startRecording(2 * failures);
+        startRecording(2);
     }
     EXPECT_TRUE(HistoryStore().items().isEmpty());
 }

@@ -31,8 +31,11 @@ public:
     {
         resize(200, 100);
         show();
-        activateWindow();
-        EXPECT_TRUE(waitUntil([this] { return isActiveWindow(); }));
+        // A window manager that is busy can miss what is asked before the window is there.
+        EXPECT_TRUE(waitUntil([this] {
+            activateWindow();
+            return isActiveWindow();
+        }));
     }
     std::vector<quint32> presses; // X key codes, repeats included
 

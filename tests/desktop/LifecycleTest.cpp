@@ -7,9 +7,6 @@
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
 
-#include <QDir>
-#include <QFile>
-
 #include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
@@ -19,22 +16,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Launches it with an empty log and returns when it is up.
-std::unique_ptr<WrenfoldApplication> launch(const QStringList &environment = {})
-{
-    QFile::remove(QDir::home().filePath(u".wrenfold/logs/wrenfold.log"_s));
-    auto application = std::make_unique<WrenfoldApplication>(environment);
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
-    return application;
-}
-
 const QString farewell = u"Application will terminate."_s;
 
 } // namespace
 
 TEST(Lifecycle, LaunchLogsItsStepsInOrder)
 {
-    const auto application = launch();
+    const auto application = WrenfoldApplication::launch();
     const QStringList steps{
         u"[INFO] [pid=%1] Launch started. app=Wrenfold bundleID=local.wrenfold "
         "config=~/.wrenfold/config.json log=~/.wrenfold/logs/wrenfold.log"_s.arg(
@@ -75,7 +63,7 @@ TEST(Lifecycle, OneOfTwentyLaunchedAtOnceStaysAndTheOthersHandOver)
 
 TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
 {
-    const auto first = launch();
+    const auto first = WrenfoldApplication::launch();
     EXPECT_EQ(WrenfoldApplication().waitForExit(), 0);
     const auto shown = u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
         first->processId());
@@ -94,7 +82,7 @@ TEST(Lifecycle, EverySignalEndsItPromptlyWithItsFarewellAndLeavesNoFile)
     const QStringList steps{u"Recording started."_s, u"ASR started."_s};
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         for (const int presses : {0, 1, 2}) {
-            const auto application = launch();
+            const auto application = WrenfoldApplication::launch();
             for (const auto &step : steps.first(presses))
                 ASSERT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, Key::hotKey, step));
             EXPECT_EQ(recordings().size(), presses > 0 ? 1 : 0);
@@ -109,12 +97,12 @@ TEST(Lifecycle, EverySignalEndsItPromptlyWithItsFarewellAndLeavesNoFile)
 TEST(Lifecycle, ACrashLeavesNoLockAndItsRecordingIsSweptAtTheNextLaunch)
 {
     Desktop desktop;
-    const auto crashed = launch();
+    const auto crashed = WrenfoldApplication::launch();
     const auto started = u"Recording started."_s;
     ASSERT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, Key::hotKey, started));
     EXPECT_EQ(crashed->end(SIGKILL), -1);
     EXPECT_EQ(recordings().size(), 1);
-    const auto next = launch();
+    const auto next = WrenfoldApplication::launch();
     EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
 }
 
@@ -124,7 +112,7 @@ TEST(Lifecycle, TheLineIsLoggedWhenTheXServerDies)
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
     ASSERT_TRUE(waitUntil([&server] { return server.canReadLine(); }));
     const auto display = QString::fromLatin1(server.readLine()).trimmed();
-    const auto application = launch({u"DISPLAY=:"_s + display});
+    const auto application = WrenfoldApplication::launch({u"DISPLAY=:"_s + display});
     server.kill();
     EXPECT_TRUE(waitUntil([&application] { return !application->isRunning(); }));
     EXPECT_TRUE(WrenfoldApplication::log().last().contains(farewell));

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "WrenfoldApplication.h"
 
+#include "AppLogger.h"
 #include "Desktop.h"
 #include "WaitUntil.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <csignal>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,9 +27,17 @@ WrenfoldApplication::~WrenfoldApplication()
     m_process.waitForFinished();
 }
 
+std::unique_ptr<WrenfoldApplication> WrenfoldApplication::launch(const QStringList &environment)
+{
+    QFile::remove(AppLogger::logFileURL().toLocalFile());
+    auto application = std::make_unique<WrenfoldApplication>(environment);
+    EXPECT_TRUE(waitForLog(u"Launch finished."_s));
+    return application;
+}
+
 QStringList WrenfoldApplication::log()
 {
-    QFile file(QDir::home().filePath(u".wrenfold/logs/wrenfold.log"_s));
+    QFile file(AppLogger::logFileURL().toLocalFile());
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);

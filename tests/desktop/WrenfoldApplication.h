@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <chrono>
+#include <memory>
 #include <vector>
 
 class Desktop;
@@ -18,6 +19,9 @@ public:
     // Starts the program; with `environment`, lines of NAME=value that are set besides.
     explicit WrenfoldApplication(const QStringList &environment = {});
     ~WrenfoldApplication();
+    // The same, with an empty log; returns when it is up.
+    [[nodiscard]] static std::unique_ptr<WrenfoldApplication>
+    launch(const QStringList &environment = {});
 
     // Every line of the log so far, of all launches.
     [[nodiscard]] static QStringList log();
