@@ -38,7 +38,7 @@ void HistoryListView::setStack(HistoryStackView *stack)
     }
     verticalScrollBar()->setValue(oldAnchor ? topAt(*oldAnchor) : 0);
     if (const auto newFocus = focus(); newFocus && newFocus->id != oldFocus->id)
-        ensureWidgetVisible(m_stack->rows()[newFocus->row].view, 0, 0);
+        ensureWidgetVisible(m_stack->rows()[newFocus->row].view);
     updateHover();
 }
 
@@ -69,7 +69,7 @@ void HistoryListView::keyPressEvent(QKeyEvent *event)
         return;
     }
     focusRow(row, current->target);
-    ensureWidgetVisible(m_stack->rows()[row].view, 0, 0);
+    ensureWidgetVisible(m_stack->rows()[row].view);
 }
 
 void HistoryListView::resizeEvent(QResizeEvent *event)
@@ -157,7 +157,7 @@ void HistoryListView::layOut()
 {
     if (!m_stack || !isVisible())
         return;
-    const auto room = maximumViewportSize();
+    const auto room = contentsRect().size();
     const int scrollBarWidth = verticalScrollBar()->sizeHint().width();
     bool isScrolling = m_stack->leastHeight() > room.height();
     m_stack->layOut(room.width() - (isScrolling ? scrollBarWidth : 0));

@@ -212,6 +212,7 @@ TEST_F(HistoryPageTest, KeepsWhatIsVisibleInItsPlaceAndTheRowUnderThePointerHove
     QApplication::focusWidget()->clearFocus(); // its row is like a hovered one
     add();
     EXPECT_EQ(view->verticalScrollBar()->value(), 0);
+    EXPECT_EQ(rows()[0]->width(), view->viewport()->width());
     pointAt(QEvent::HoverMove);
     EXPECT_TRUE(isHovered(u"new"_s));
     view->verticalScrollBar()->setValue(54 * 20);
