@@ -6,9 +6,13 @@
 #include "ProcessFigures.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace std::chrono_literals;
 
@@ -71,6 +75,30 @@ IdleFigures idleFigures(pid_t process)
     figures.cpuMilliseconds = after.cpuMilliseconds - before.cpuMilliseconds;
     figures.wakeUps = static_cast<double>(after.wakeUps - before.wakeUps);
     return figures;
+}
+
+struct HeldWindow
+{
+    std::string widgetsOfPages;
+    double memory = 0; // MB, proportional
+};
+
+HeldWindow holdWindow(const std::string &arguments)
+{
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe");
+    const auto program = std::filesystem::read_symlink("/proc/self/exe").parent_path()
+        / "wrenfold-bench-windows hold ";
+    const ChildProcess holder({"sh", "-c", "exec " + program.string() + arguments}, ends[1]);
+    close(ends[1]);
+    HeldWindow held;
+    for (char sign = 0; read(ends[0], &sign, 1) == 1 && sign != '\n';)
+        held.widgetsOfPages += sign;
+    close(ends[0]);
+    std::this_thread::sleep_for(settling);
+    held.memory = megabytes(ProcessFigures::memory(holder.pid()).proportional);
+    return held;
 }
 
 } // namespace
@@ -248,6 +276,30 @@ void ProcessBenchmark::recordHalfAnHour()
         microphone.speak(second);
         recordings.waitForBytes(said - second / 2); // the server may hold back the last of it
     }
+}
+
+void ProcessBenchmark::measureWindowMemory()
+{
+    Measurement process{.name = "Window: memory of a program that has it open",
+                        .unit = "MB",
+                        .values = {},
+                        .peer = "with a bare window",
+                        .goal = Measurement::Goal{.limit = 1.5}};
+    Measurement window{.name = "Window: what of it the window adds",
+                       .unit = "MB",
+                       .values = {},
+                       .peer = "a bare window"};
+    for (int run = 0; run < 3; ++run) {
+        const auto without = holdWindow("none").memory;
+        const auto own = holdWindow("own");
+        const auto bare = holdWindow("bare " + own.widgetsOfPages).memory;
+        process.values.push_back(own.memory);
+        process.peerValues.push_back(bare);
+        window.values.push_back(own.memory - without);
+        window.peerValues.push_back(bare - without);
+    }
+    m_results.add(process);
+    m_results.add(window);
 }
 
 std::unique_ptr<ChildProcess> ProcessBenchmark::startApplication()

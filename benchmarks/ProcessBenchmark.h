@@ -24,6 +24,7 @@ public:
     void measureHandOver();
     void measureTermination();
     void measureLongRecording();
+    void measureWindowMemory();
 
 private:
     // Starts the application and returns when it is ready.

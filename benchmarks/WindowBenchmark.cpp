@@ -2,19 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "WindowBenchmark.h"
 
+#include "BareWindow.h"
 #include "Clock.h"
+#include "DictionaryChipCloudView.h"
+#include "HeldWindow.h"
 #include "HistoryPage.h"
 #include "HistoryStore.h"
+#include "MainWindowController.h"
+#include "PageWindow.h"
+#include "PasteEnabledTextView.h"
 
-#include <QAbstractScrollArea>
-#include <QCoreApplication>
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QKeyEvent>
 #include <QListView>
-#include <QScrollBar>
+#include <QStackedLayout>
 #include <QStringListModel>
 #include <QTemporaryDir>
 #include <QUuid>
@@ -27,62 +34,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int runs = 15;
-constexpr QSize pageSize(712, 680);
-
-// Draws what is due, as when the window system asks for it.
-void drawFrame(QWidget &window)
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    QEvent request(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(&window, &request);
-}
-
-// A window on the screen, for one page.
-class PageWindow final : public QWidget
-{
-public:
-    // Takes the page over.
-    explicit PageWindow(QWidget *page)
-        : m_page(page)
-    {
-        page->hide();
-        page->setParent(this);
-        page->resize(pageSize);
-        resize(pageSize);
-        show();
-        QCoreApplication::processEvents();
-    }
-
-    // Milliseconds to fill the page and to have it on the screen.
-    double open(const std::function<void()> &fill)
-    {
-        const auto start = Clock::now();
-        fill();
-        m_page->show();
-        drawFrame(*this);
-        return milliseconds(start, Clock::now());
-    }
-
-    // Milliseconds a frame, scrolled from the top in the steps of a mouse wheel.
-    double scroll(const QAbstractScrollArea &view)
-    {
-        constexpr int frames = 50;
-        constexpr int step = 60;
-        auto *bar = view.verticalScrollBar();
-        if (bar->maximum() < frames * step)
-            throw std::runtime_error("too little to scroll");
-        QCoreApplication::processEvents();
-        const auto start = Clock::now();
-        for (int frame = 1; frame <= frames; ++frame) {
-            bar->setValue(frame * step);
-            drawFrame(*this);
-        }
-        return milliseconds(start, Clock::now()) / frames;
-    }
-
-private:
-    QWidget *m_page;
-};
 
 // A text of 10 KB in UTF-8.
 QString longText(int number)
@@ -113,6 +64,46 @@ void writeHistory(const QString &home)
     if (!file.open(QIODevice::WriteOnly))
         throw std::runtime_error("no history can be written");
     file.write(QJsonDocument(items).toJson());
+}
+
+// Milliseconds until what the action shows is on the screen.
+double untilDrawn(const std::function<QWidget &()> &action)
+{
+    const auto start = Clock::now();
+    auto &window = action();
+    waitUntilExposed(window);
+    drawFrame(window);
+    return milliseconds(start, Clock::now());
+}
+
+// Milliseconds of switching to each page in turn, the first one last.
+std::vector<double> switching(QWidget &window, const std::function<void(int)> &switchTo)
+{
+    std::vector<double> times;
+    for (const int page : {1, 2, 3, 0}) {
+        QApplication::processEvents();
+        const auto start = Clock::now();
+        switchTo(page);
+        drawFrame(window);
+        times.push_back(milliseconds(start, Clock::now()));
+    }
+    return times;
+}
+
+// Milliseconds a key, typed at the beginning of a text of 100 KB.
+double typing(QPlainTextEdit &view)
+{
+    constexpr int keys = 30;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s);
+    PageWindow window(&view);
+    window.open([&view] {
+        view.setPlainText(u"把语音识别文本整理成可以直接发出去的聊天文字。\n"_s.repeated(1'500));
+    });
+    const auto type = [&] { QApplication::sendEvent(&view, &key); };
+    double total = 0;
+    for (int i = 0; i < keys; ++i)
+        total += window.change(type);
+    return total / keys;
 }
 
 } // namespace
@@ -158,4 +149,90 @@ void WindowBenchmark::measureHistory()
     }
     m_results.add(opened);
     m_results.add(scrolled);
+}
+
+void WindowBenchmark::measureDictionary()
+{
+    Measurement reflow{.name = "Dictionary: reflow of 300 chips",
+                       .unit = "ms",
+                       .values = {},
+                       .goal = Measurement::Goal{.limit = 1000.0 / 60, .isRatio = false}};
+    QStringList terms;
+    for (int i = 0; i < 300; ++i)
+        terms << (i % 2 == 0 ? u"热词 %1"_s : u"term number %1"_s).arg(i * i * i);
+    auto *cloud = new DictionaryChipCloudView;
+    PageWindow window(cloud);
+    window.open([&] { cloud->setTerms(terms); });
+    for (int run = 0; run < runs; ++run) {
+        const int width = run % 2 == 0 ? 500 : 680;
+        reflow.values.push_back(
+            window.change([&] { cloud->resize(width, cloud->measuredHeight(width)); }));
+    }
+    m_results.add(reflow);
+}
+
+void WindowBenchmark::measurePrompt()
+{
+    Measurement key{.name = "Prompt: a key in 100 KB",
+                    .unit = "ms",
+                    .values = {},
+                    .peer = "bare QPlainTextEdit",
+                    .goal = Measurement::Goal{.limit = 1.1}};
+    for (int run = 0; run < runs; ++run) {
+        key.values.push_back(typing(*new PasteEnabledTextView));
+        key.peerValues.push_back(typing(*new QPlainTextEdit));
+    }
+    m_results.add(key);
+}
+
+void WindowBenchmark::measureWindow()
+{
+    const auto row = [](const char *name, double limit) {
+        return Measurement{.name = name,
+                           .unit = "ms",
+                           .values = {},
+                           .peer = "bare window",
+                           .goal = Measurement::Goal{.limit = limit, .isRatio = false}};
+    };
+    auto built = row("Window: first build", 150);
+    auto shown = row("Window: show again", 50);
+    auto switched = row("Window: page switch", 30);
+    HistoryStore store;
+    const AppConfig config;
+    for (int run = 0; run < runs; ++run) {
+        MainWindowController controller(store, {});
+        const auto show = [&]() -> QWidget & {
+            controller.show(config, MainWindowPage::GettingStarted);
+            return mainWindow();
+        };
+        built.values.push_back(untilDrawn(show));
+        auto &window = mainWindow();
+        const auto counts = widgetsOfPages(window);
+        QList<QAbstractButton *> items;
+        for (auto *button : window.findChildren<QAbstractButton *>())
+            if (button->isCheckable())
+                items << button;
+        for (const double time : switching(window, [&](int page) { items.at(page)->click(); }))
+            switched.values.push_back(time);
+        window.hide();
+        QApplication::processEvents();
+        shown.values.push_back(untilDrawn(show));
+        window.hide();
+
+        std::unique_ptr<BareWindow> bare;
+        const auto showBare = [&]() -> QWidget & {
+            if (!bare)
+                bare = std::make_unique<BareWindow>(counts);
+            bare->show();
+            return *bare;
+        };
+        built.peerValues.push_back(untilDrawn(showBare));
+        for (const double time : switching(*bare, [&](int page) { bare->setCurrentPage(page); }))
+            switched.peerValues.push_back(time);
+        bare->hide();
+        QApplication::processEvents();
+        shown.peerValues.push_back(untilDrawn(showBare));
+    }
+    for (const auto *each : {&built, &shown, &switched})
+        m_results.add(*each);
 }

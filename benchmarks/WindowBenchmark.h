@@ -13,6 +13,12 @@ public:
 
     // A full transcript history: opened and scrolled.
     void measureHistory();
+    // 300 terms that get another width.
+    void measureDictionary();
+    // A long prompt that is typed into.
+    void measurePrompt();
+    // The main window built, shown again, and its pages.
+    void measureWindow();
 
 private:
     Results &m_results;

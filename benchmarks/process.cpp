@@ -16,6 +16,7 @@ int main(int argc, char **argv)
         {"hand-over", &ProcessBenchmark::measureHandOver},
         {"termination", &ProcessBenchmark::measureTermination},
         {"long", &ProcessBenchmark::measureLongRecording},
+        {"window-memory", &ProcessBenchmark::measureWindowMemory},
     };
     if (argc != 3 || !parts.contains(argv[1]))
         return 2;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Appearance.h"
+#include "HeldWindow.h"
 #include "WindowBenchmark.h"
 
 #include <QApplication>
@@ -9,14 +10,19 @@
 #include <functional>
 #include <map>
 
-// usage: wrenfold-bench-windows NAME RESULT-FILE
+// usage: wrenfold-bench-windows NAME RESULT-FILE, or hold none|own|bare [COUNT...]
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     Appearance::install();
     const std::map<std::string, void (WindowBenchmark::*)()> parts{
+        {"dictionary", &WindowBenchmark::measureDictionary},
         {"history", &WindowBenchmark::measureHistory},
+        {"prompt", &WindowBenchmark::measurePrompt},
+        {"window", &WindowBenchmark::measureWindow},
     };
+    if (argc >= 3 && argv[1] == std::string_view("hold"))
+        holdWindow(QApplication::arguments().mid(2));
     if (argc != 3 || !parts.contains(argv[1]))
         return 2;
     try {
