@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DictionaryPage.h"
 
+#include "AccessibleRole.h"
 #include "ClosureButton.h"
 #include "DictionaryChipCloudView.h"
 #include "InterfaceFont.h"
@@ -81,7 +82,7 @@ QLayout *DictionaryPage::makeInputRow()
 
 QWidget *DictionaryPage::makeChipScrollView()
 {
-    m_chipCloudView->setAccessibleName(u"已添加词库"_s);
+    setAccessibleRole(*m_chipCloudView, QAccessible::Grouping, u"已添加词库"_s);
     m_chipCloudView->onDelete = [this](const QString &term) { deletePersonalDictionaryTerm(term); };
     auto *view = makeScrollView(m_chipCloudView);
     view->setMinimumHeight(minCloudHeight);
