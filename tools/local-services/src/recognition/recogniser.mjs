@@ -69,13 +69,11 @@ export class Recogniser {
     }
 
     #workerFor(model, language) {
-        const wanted = JSON.stringify([model, language]);
+        const options = engineOptions(model, language);
+        const wanted = JSON.stringify(options);
         if (!this.#worker || this.#worker.hasFailed || this.#loaded !== wanted) {
             this.#worker?.stop();
-            this.#worker = new RecognitionWorker(
-                this.#engineFolder,
-                engineOptions(model, language),
-            );
+            this.#worker = new RecognitionWorker(this.#engineFolder, options);
             this.#loaded = wanted;
             this.#hasWorked = false;
         }

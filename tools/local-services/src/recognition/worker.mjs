@@ -19,6 +19,7 @@ export class RecognitionWorker {
     #waiting; // { id, resolve, reject } of the request in work
     #lastId = 0;
     #problem;
+    #patience;
 
     /**
      * Starts the process, which loads the model.
@@ -28,15 +29,18 @@ export class RecognitionWorker {
      * @param {number} patience milliseconds that loading or one request may take
      */
     constructor(engineFolder, options, patience = 50_000) {
-        this.patience = patience;
+        this.#patience = patience;
         this.#child = fork(program, {
             serialization: 'advanced',
-            stdio: ['ignore', 'ignore', 'inherit', 'ipc'],
+            stdio: ['ignore', 'ignore', 'pipe', 'ipc'],
         });
+        let isLoading = true;
         this.#ready = new Promise((resolve, reject) => {
             this.#waiting = { resolve, reject };
         });
-        this.#ready.catch(() => {});
+        this.#ready.then(() => (isLoading = false)).catch(() => {});
+        // While it loads it may say what is wrong with a model; later it would quote the terms.
+        this.#child.stderr.on('data', (said) => isLoading && process.stderr.write(said));
         this.#child.on('message', (message) => this.#take(message));
         this.#child.on('error', (error) => this.#fail(`does not start: ${error.message}`));
         this.#child.on('exit', (code, signal) => this.#fail(`ended (${signal ?? code})`));
@@ -46,11 +50,6 @@ export class RecognitionWorker {
 
     get hasFailed() {
         return this.#problem !== undefined;
-    }
-
-    /** The process's id. */
-    get pid() {
-        return this.#child.pid;
     }
 
     /**
@@ -83,7 +82,7 @@ export class RecognitionWorker {
         const timer = setTimeout(() => {
             this.#fail('did not answer in time');
             this.#child.kill('SIGKILL');
-        }, this.patience);
+        }, this.#patience);
         return answer.finally(() => clearTimeout(timer));
     }
 

@@ -39,11 +39,11 @@ export class RecognitionHandler {
         return headers['x-api-key'] ?? '';
     }
 
-    /** Loads the model for recordings in any language, if there is one. */
-    prepare() {
-        const model = chooseModel(this.#models(), 'auto');
-        if (model) this.#recogniser.prepare(model, 'auto');
-        else this.#log('There is no recognition model.');
+    /** Loads the model for recordings in a language, or `auto`, ahead of the first of them. */
+    prepare(language) {
+        const model = chooseModel(this.#models(), language);
+        if (model) this.#recogniser.prepare(model, language);
+        else this.#log(missingModel(language));
     }
 
     async handle(request, response, query) {

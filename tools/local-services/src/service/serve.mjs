@@ -14,16 +14,16 @@ const log = (line) => process.stderr.write(`wrenfold-local: ${line}\n`);
  * Serves until a signal comes; when a service manager started it for a connection, until nobody has
  * been connected for a while.
  *
- * @param {{port: number, key: string}} settings
+ * @param {{port: number, key: string, language: string}} settings `language` is loaded ahead
  * @param {number} idle milliseconds without connections after which it ends
  * @returns {Promise<void>} when it serves
  */
-export async function serve({ port, key }, idle) {
+export async function serve({ port, key, language }, idle) {
     const recogniser = new Recogniser(engineFolder());
     const recognition = new RecognitionHandler(recogniser, modelsFolder(), log);
     const server = serviceServer([recognition, new PolishingHandler(log)], key);
     const bound = await listen(server, port);
-    recognition.prepare();
+    recognition.prepare(language);
     log(`Listening on 127.0.0.1:${bound}.`);
     const end = () => {
         recogniser.stop();

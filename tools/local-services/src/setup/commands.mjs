@@ -58,12 +58,11 @@ export async function enable(args) {
     const { language } = parsed(args, { language: { type: 'string', default: 'auto' } });
     if (!/^(auto|[a-z]{2,3})$/.test(language))
         throw new Error('the language is "auto" or a code like "zh"');
-    const settings = readSettings() ?? {
-        port: await freePort(),
-        key: `local-${randomBytes(24).toString('base64url')}`,
-    };
+    const fresh = { key: `local-${randomBytes(24).toString('base64url')}` };
+    const kept = readSettings() ?? { ...fresh, port: await freePort() };
+    const settings = { ...kept, language };
     writeSettings(settings);
-    switchOn(settings, language);
+    switchOn(settings);
     say(`${applicationFile()} now leads to the local services, 127.0.0.1:${settings.port}.`);
     if (hasServiceManager()) {
         startListening(settings.port);

@@ -9,7 +9,8 @@ import { writeOwnFile } from './own-file.mjs';
 /**
  * The companion's own settings, or nothing before the first `enable`.
  *
- * @returns {{port: number, key: string}|undefined}
+ * @returns {{port: number, key: string, language: string}|undefined} `language` is the one last
+ *     enabled
  * @throws {Error} when the file is damaged
  */
 export function readSettings() {
@@ -17,7 +18,7 @@ export function readSettings() {
     const settings = JSON.parse(readFileSync(settingsFile(), 'utf8'));
     if (!Number.isInteger(settings?.port) || typeof settings.key !== 'string' || !settings.key)
         throw new Error(`${settingsFile()} is damaged; remove it and enable again`);
-    return settings;
+    return { language: 'auto', ...settings };
 }
 
 /** Keeps the settings where only their owner can read them. */

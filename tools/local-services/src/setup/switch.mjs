@@ -12,7 +12,7 @@ const recognitionPath = '/api/v3/auc/bigmodel/recognize/flash';
 
 const origin = (port) => `http://127.0.0.1:${port}`;
 
-function companionValues({ port, key }, language) {
+function companionValues({ port, key, language }) {
     const query = language === 'auto' ? '' : `?language=${language}`;
     return {
         'volcengine.endpoint': `${origin(port)}${recognitionPath}${query}`,
@@ -39,17 +39,16 @@ function refuseWhileRunning() {
 /**
  * Lets the application use the companion, and keeps what that replaces.
  *
- * @param {{port: number, key: string}} settings
- * @param {string} language `auto` or a code
+ * @param {{port: number, key: string, language: string}} settings
  * @throws {Error} when the application runs, or its configuration cannot be read or written
  */
-export function switchOn(settings, language) {
+export function switchOn(settings) {
     refuseWhileRunning();
     const replaced = readReplaced();
     for (const [path, value] of Object.entries(serviceValues()))
         if (!isCompanions(value, settings)) replaced[path] = value;
     writeOwnFile(replacedFile(), `${JSON.stringify(replaced, null, 2)}\n`);
-    writeServiceValues(companionValues(settings, language));
+    writeServiceValues(companionValues(settings));
 }
 
 /**
