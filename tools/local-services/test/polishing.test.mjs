@@ -91,3 +91,11 @@ test('The prompt decides about paragraphs, and about nothing else', () => {
     assert.equal(polish(said, paragraphing('Translate into French.')), said);
     assert.equal(polish('好。走吧', paragraphing('')), '好。走吧。');
 });
+
+test('The longest request is polished while one waits', () => {
+    for (const unit of ['um, ', '嗯，', '. ', 'Mr. ', 'the a ', '我x']) {
+        const start = performance.now();
+        polish(unit.repeat(250_000 / unit.length), paragraphing(''));
+        assert.ok(performance.now() - start < 8000, unit);
+    }
+});

@@ -32,8 +32,9 @@ const clauseStart =
 /** What is left where a filler was: a comma only where two clauses would run together. */
 function seam(match, left, right, offset, whole) {
     const mark = left.match(/^[.!?;。！？]/u)?.[0] ?? ''; // the end of the sentence before
-    const head = (whole.slice(0, offset) + mark).trimEnd();
-    const rest = whole.slice(offset + match.length);
+    // A few characters tell enough, however long the text.
+    const head = (whole.slice(Math.max(0, offset - 4), offset) + mark).trimEnd();
+    const rest = whole.slice(offset + match.length, offset + match.length + 12);
     if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest)) return mark;
     if (/[.!?;。！？]$/u.test(head)) return /[.!?;]$/.test(head) ? `${mark} ` : mark;
     const hadComma = /[,，、]/u.test(left + right);

@@ -5,11 +5,12 @@ import { createHash } from 'node:crypto';
 
 /** Sentences in one paragraph, with blanks where the marks bring no space of their own. */
 const run = (sentences) =>
-    sentences.reduce(
-        (all, sentence) =>
-            all && !/[。！？…”）]$/u.test(all) ? `${all} ${sentence}` : all + sentence,
-        '',
-    );
+    sentences
+        .map((sentence, index) => {
+            const isTight = index === 0 || /[。！？…”）]$/u.test(sentences[index - 1]);
+            return isTight ? sentence : ` ${sentence}`;
+        })
+        .join('');
 
 // What begins a new step of a train of thought.
 const step = new RegExp(

@@ -61,10 +61,14 @@ const abbreviation = /(?:^|[\s(])(?:Mr|Mrs|Ms|Dr|Prof|St|vs|etc|e\.g|i\.e|\p{Lu}
 function sentencesOf(text) {
     const parts = text.match(/.+?(?:[。！？!?]+["”’)）]*|\.+["”’)）]*(?=\s|$)|$)/gsu) ?? [];
     const sentences = [];
+    let open = '';
     for (const part of parts) {
-        if (abbreviation.test(sentences.at(-1) ?? '')) sentences.push(sentences.pop() + part);
-        else sentences.push(part);
+        open += part;
+        if (abbreviation.test(part.slice(-8))) continue;
+        sentences.push(open);
+        open = '';
     }
+    sentences.push(open);
     return sentences.map((sentence) => sentence.trim()).filter(Boolean);
 }
 

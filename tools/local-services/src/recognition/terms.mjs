@@ -13,6 +13,8 @@ const fewestLetters = 5;
 const fewestSounds = 4;
 // How many more words than the term has may be heard for it.
 const mostSplits = 2;
+// Terms of more words are sentences, which are not looked for.
+const mostWords = 8;
 
 /** Letters and digits in lower case: what two spellings of one term have in common. */
 const core = (text) => text.toLowerCase().replace(/[^\p{L}\p{N}+#]/gu, '');
@@ -110,7 +112,9 @@ function neighbours(transcript, words, first, most) {
  * @param {string[]} terms
  */
 export function correctTerms(transcript, terms) {
-    const known = terms.map((term) => termForm(term.trim())).filter(({ letters }) => letters);
+    const known = terms
+        .map((term) => termForm(term.trim()))
+        .filter(({ letters, words }) => letters && words.length <= mostWords);
     const most = Math.max(0, ...known.map(({ words }) => words.length + mostSplits));
     const words = [...transcript.matchAll(wordPattern)].map(({ 0: text, index }) => ({
         text,

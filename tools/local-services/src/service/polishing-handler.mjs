@@ -8,7 +8,7 @@ import { polish } from '../polishing/polish.mjs';
 import { sendJson } from './answer.mjs';
 import { BodyTooLarge, readBody } from './request-body.mjs';
 
-const bodyLimit = 1 << 20;
+const bodyLimit = 1 << 18;
 const label = '语音识别原文：\n';
 
 /** A polishing request that is answered with an HTTP status and a reason. */
