@@ -54,22 +54,21 @@ TEST(LocalServices, TurnSpeechIntoTextInTheEditorWithoutAnAccount)
     services.start(tool, {u"serve"_s});
     qunsetenv("XDG_DATA_HOME");
     Desktop desktop;
-    WrenfoldApplication application;
-    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    const auto application = WrenfoldApplication::launch();
     ASSERT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 1);
 
     const auto note = QDir::home().filePath(u"note.txt"_s);
     const auto editor = desktop.start(u"mousepad"_s, {u"--disable-server"_s, note}, u"mousepad"_s);
     const std::vector<quint8> hotkey{Key::leftSuper, Key::leftShift, Key::space};
-    desktop.tap(hotkey);
-    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
+    using App = WrenfoldApplication;
+    ASSERT_TRUE(App::tapUntilLogged(desktop, hotkey, u"Recording started."_s));
     speak(u"Um, please please move the meeting to Thursday. They live in the old wooden house."_s);
-    desktop.tap(hotkey);
-    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s, 1, 60s));
+    ASSERT_TRUE(App::tapUntilLogged(desktop, hotkey, u"Recording stopped."_s));
+    ASSERT_TRUE(App::waitForLog(u"Auto paste succeeded."_s, 1, 60s));
     EXPECT_EQ(savedText(desktop, note),
               "Please move the MEETING to Thursday.\nThey live in the old wooden house.");
 
-    EXPECT_EQ(application.end(SIGTERM), 0);
+    EXPECT_EQ(application->end(SIGTERM), 0);
     EXPECT_EQ(runProcess(tool, {u"disable"_s}).exitCode, 0);
     AppConfig before;
     before.personalDictionary = config.personalDictionary;

@@ -4,7 +4,6 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -26,10 +25,8 @@ struct Options
     QString transcript;
     QString polished; // empty: made from the transcript that was sent
     milliseconds recognitionDelay;
-    milliseconds polishingDelay;
     int recognitionStatus;
     int polishingStatus;
-    QString recordDirectory; // empty: nothing is recorded
 };
 
 Options parsedOptions(const QCoreApplication &application)
@@ -44,18 +41,14 @@ Options parsedOptions(const QCoreApplication &application)
           u"What polishing gives; default: the transcript as a sentence."_s,
           u"TEXT"_s},
          {u"recognition-delay"_s, u"Before the answer, in ms."_s, u"MS"_s, u"0"_s},
-         {u"polishing-delay"_s, u"Before the answer, in ms."_s, u"MS"_s, u"0"_s},
          {u"recognition-status"_s, u"HTTP status of the answer."_s, u"N"_s, u"200"_s},
-         {u"polishing-status"_s, u"HTTP status of the answer."_s, u"N"_s, u"200"_s},
-         {u"record"_s, u"Keep what arrives, audio as audio-N.wav, bodies as JSON."_s, u"DIR"_s}});
+         {u"polishing-status"_s, u"HTTP status of the answer."_s, u"N"_s, u"200"_s}});
     parser.process(application);
     return {parser.value(u"transcript"_s),
             parser.value(u"polished"_s),
             milliseconds(parser.value(u"recognition-delay"_s).toInt()),
-            milliseconds(parser.value(u"polishing-delay"_s).toInt()),
             parser.value(u"recognition-status"_s).toInt(),
-            parser.value(u"polishing-status"_s).toInt(),
-            parser.value(u"record"_s)};
+            parser.value(u"polishing-status"_s).toInt()};
 }
 
 // "Some words" becomes "Some words.", with a capital.
@@ -80,29 +73,6 @@ QByteArray polishingAnswer(const QString &polished)
     return compact({{"choices"_L1, QJsonArray{QJsonObject{{"message"_L1, message}}}}});
 }
 
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qWarning("cannot write %s", qPrintable(path));
-}
-
-// Keeps a recognition's audio and the rest of its body, or a whole polishing body. Audio is cut out
-// of the text, not parsed: it may be very large.
-void record(const QString &directory, int number, const RecordedRequest &request, bool hasAudio)
-{
-    auto body = request.body;
-    if (hasAudio) {
-        const QByteArray marker = R"("data":")";
-        const auto begin = body.indexOf(marker) + marker.size();
-        const auto size = body.indexOf('"', begin) - begin;
-        writeFile(u"%1/audio-%2.wav"_s.arg(directory).arg(number),
-                  QByteArray::fromBase64(body.sliced(begin, size)));
-        body.replace(begin, size, {});
-    }
-    writeFile(u"%1/body-%2.json"_s.arg(directory).arg(number), body);
-}
-
 qint64 microseconds(RecordedRequest::Clock::time_point time)
 {
     return std::chrono::duration_cast<std::chrono::microseconds>(time.time_since_epoch()).count();
@@ -119,12 +89,13 @@ void report(const RecordedRequest &request)
     std::fflush(stdout);
 }
 
-ScriptedAnswer answer(const Options &options, int number, const RecordedRequest &request)
+ScriptedAnswer answer(const Options &options, const RecordedRequest &request)
 {
     const bool isPolishing = request.target().endsWith("/chat/completions");
     ScriptedAnswer answer;
     answer.status = isPolishing ? options.polishingStatus : options.recognitionStatus;
-    answer.delay = isPolishing ? options.polishingDelay : options.recognitionDelay;
+    if (!isPolishing)
+        answer.delay = options.recognitionDelay;
     answer.isKept = false;
     answer.headers = {{"Content-Type", "application/json"}};
     if (isPolishing) {
@@ -135,11 +106,7 @@ ScriptedAnswer answer(const Options &options, int number, const RecordedRequest 
         const QJsonObject result{{"text"_L1, options.transcript}};
         answer.body = compact({{"result"_L1, result}});
     }
-    answer.onSent = [directory = options.recordDirectory, number, request, isPolishing] {
-        report(request);
-        if (!directory.isEmpty())
-            record(directory, number, request, !isPolishing);
-    };
+    answer.onSent = [request] { report(request); };
     return answer;
 }
 
@@ -156,10 +123,8 @@ int main(int argc, char **argv)
 
     const QCoreApplication application(argc, argv);
     const auto options = parsedOptions(application);
-    int number = 0; // used on the server's thread only
-    const ScriptedHttpServer server([&options, &number](const RecordedRequest &request) {
-        return answer(options, ++number, request);
-    });
+    const ScriptedHttpServer server(
+        [&options](const RecordedRequest &request) { return answer(options, request); });
     std::printf("listening %d\n", server.port());
     std::fflush(stdout);
 

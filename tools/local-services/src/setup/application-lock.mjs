@@ -14,12 +14,24 @@ function isOwn(path) {
     return uid === process.geteuid() && (mode & 0o022) === 0;
 }
 
-/** The lock that the application holds while it runs, in the first folder that it would take. */
-function lockFile({ XDG_RUNTIME_DIR: runtime = '', TMPDIR: temporary = '' }) {
-    const own =
-        [runtime, temporary].find(isOwn) ??
-        join(isFolder(temporary) ? temporary : '/tmp', `wrenfold-${process.geteuid()}`);
-    return join(own, 'local.wrenfold.lock');
+/**
+ * The locks that the application may hold while it runs. Where it would not say so itself, one of a
+ * desktop session is looked for too: this may be a terminal that belongs to none.
+ */
+function lockFiles({ XDG_RUNTIME_DIR: runtime = '', TMPDIR: temporary = '' }) {
+    const user = process.geteuid();
+    const shared = join(isFolder(temporary) ? temporary : '/tmp', `wrenfold-${user}`);
+    const folders = isOwn(runtime) ? [runtime] : [`/run/user/${user}`, temporary, shared];
+    const locks = folders.filter(isFolder).map((folder) => join(folder, 'local.wrenfold.lock'));
+    return locks.filter((lock) => existsSync(lock));
+}
+
+function isHeld(file) {
+    const options = ['--nonblock', '--conflict-exit-code', '99', file, 'true'];
+    const { status, error } = spawnSync('flock', options);
+    if (error || (status !== 0 && status !== 99))
+        throw new Error(`it cannot be told whether Wrenfold runs: ${error?.message ?? file}`);
+    return status === 99;
 }
 
 /**
@@ -27,19 +39,5 @@ function lockFile({ XDG_RUNTIME_DIR: runtime = '', TMPDIR: temporary = '' }) {
  *
  * @throws {Error} when that cannot be told
  */
-export function isApplicationRunning(environment = process.env) {
-    const file = lockFile(environment);
-    if (!existsSync(file)) return false;
-    const { status, error } = spawnSync('flock', [
-        '--nonblock',
-        '--conflict-exit-code',
-        '99',
-        file,
-        'true',
-    ]);
-    if (error || (status !== 0 && status !== 99))
-        throw new Error(
-            `it cannot be told whether Wrenfold runs: ${error?.message ?? `flock ${file}`}`,
-        );
-    return status === 99;
-}
+export const isApplicationRunning = (environment = process.env) =>
+    lockFiles(environment).some(isHeld);
