@@ -18,8 +18,8 @@ protected:
     [[nodiscard]] static uint modeOf(const QString &path);
     [[nodiscard]] static QStringList namesIn(const QString &directory);
 
-    // This folder's helper program.
-    inline static const QString m_child = QStringLiteral(WRENFOLD_DATA_CHILD);
+    // This folder's helper program, as a word of the shell's.
+    inline static const QString m_child = QStringLiteral("'" WRENFOLD_DATA_CHILD "'");
 
     TemporaryHome m_home;
     const QString m_directory = m_home.path(QStringLiteral(".wrenfold"));
