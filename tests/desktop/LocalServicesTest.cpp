@@ -48,7 +48,7 @@ TEST(LocalServices, TurnSpeechIntoTextInTheEditorWithoutAnAccount)
     auto config = AppConfig::loadOrCreateTemplate().config;
     config.personalDictionary.terms = {u"MEETING"_s};
     AppConfig::save(config);
-    QProcess services;
+    BackgroundProcess services;
     services.setProcessChannelMode(QProcess::ForwardedChannels);
     services.start(QStringLiteral(WRENFOLD_LOCAL), {u"serve"_s});
     qunsetenv("XDG_DATA_HOME");
