@@ -34,7 +34,6 @@ ElidedText::ElidedText(const QString &text, const QFont &font, int maximumLines)
     QTextOption option(text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_layout.setTextOption(option);
-    m_layout.setCacheEnabled(true);
 }
 
 void ElidedText::setWidth(int width)
@@ -67,6 +66,7 @@ QStringList ElidedText::lines()
 
 void ElidedText::draw(QPainter &painter, QPointF topLeft)
 {
+    m_layout.setCacheEnabled(true); // not earlier: most texts are measured, but never seen
     elideEnd();
     m_layout.draw(&painter, topLeft);
 }
