@@ -21,7 +21,7 @@ constexpr QSize pageSize(712, 680);
 
 void drawFrame(QWidget &window)
 {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(); // these tell what is due
     QEvent request(QEvent::UpdateRequest);
     QCoreApplication::sendEvent(&window, &request);
 }
@@ -62,7 +62,7 @@ double PageWindow::change(const std::function<void()> &action)
 
 double PageWindow::scroll(const QAbstractScrollArea &view)
 {
-    constexpr int frames = 50;
+    constexpr int frames = 20;
     constexpr int step = 60;
     auto *bar = view.verticalScrollBar();
     if (bar->maximum() < frames * step)
