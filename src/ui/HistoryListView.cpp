@@ -42,6 +42,13 @@ void HistoryListView::setStack(HistoryStackView *stack)
     updateHover();
 }
 
+void HistoryListView::hideEvent(QHideEvent *event)
+{
+    QScrollArea::hideEvent(event);
+    if (!event->spontaneous()) // not when the window is only minimized
+        verticalScrollBar()->setValue(0);
+}
+
 void HistoryListView::keyPressEvent(QKeyEvent *event)
 {
     const auto current = focus();
@@ -106,7 +113,7 @@ bool HistoryListView::viewportEvent(QEvent *event)
 std::optional<HistoryListView::Anchor> HistoryListView::anchor() const
 {
     const int top = verticalScrollBar()->value();
-    if (!isVisible() || top == 0)
+    if (top == 0)
         return {};
     for (const auto &row : m_stack->rows())
         if (row.view->geometry().bottom() >= top)

@@ -12,18 +12,18 @@ class HistoryStackView;
 
 // The scrolling list of the transcript history. Its stack is replaced as a whole; rows are known by
 // their ids, so that the position and the keyboard focus outlive that. Up, Down, Home and End move
-// the focus from row to row.
+// the focus from row to row. Whoever comes back to it finds it at the top.
 class HistoryListView final : public QScrollArea
 {
 public:
     HistoryListView();
 
-    // Shows a stack, which it takes over. A visible view keeps what it shows in its place, but for
-    // the very top, which stays the top; a hidden one goes back to the top. The focus stays on its
-    // row, or moves to the one in its place.
+    // Shows a stack, which it takes over. What is visible stays in its place, but for the very top,
+    // which stays the top. The focus stays on its row, or moves to the one in its place.
     void setStack(HistoryStackView *stack);
 
 protected:
+    void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;

@@ -225,4 +225,8 @@ TEST_F(HistoryPageTest, KeepsWhatIsVisibleInItsPlaceAndTheRowUnderThePointerHove
     EXPECT_TRUE(isHovered(u"19"_s));
     pointAt(QEvent::HoverLeave);
     EXPECT_TRUE(isHovered(QString()));
+    m_page->hide();
+    m_page->show();
+    add();
+    EXPECT_EQ(view->verticalScrollBar()->value(), 0);
 }
