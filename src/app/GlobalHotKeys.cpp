@@ -133,7 +133,7 @@ void GlobalHotKeys::handleModifierHotKeyEvent(const KeyEvent &event)
         m_callbacks.toggleRecording();
 }
 
-void GlobalHotKeys::showToolTip(const HotKeyConfig &hotKey)
+void GlobalHotKeys::showToolTip(const HotKeyConfig &hotKey) const
 {
     m_callbacks.setToolTip(AppRuntime::appName + u"：按 "_s + hotKey.displayName
                            + u" 开始或停止录音"_s);

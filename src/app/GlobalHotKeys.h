@@ -57,7 +57,7 @@ public:
     void handleModifierHotKeyEvent(const KeyEvent &event);
 
     // Names the hotkey in the status item's tool tip, whether it is registered or not.
-    void showToolTip(const HotKeyConfig &hotKey);
+    void showToolTip(const HotKeyConfig &hotKey) const;
 
 private:
     void registerCombination(const HotKeyConfig &hotKey);

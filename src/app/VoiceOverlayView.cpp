@@ -95,9 +95,9 @@ qreal distanceToOutline(const QPointF &point, const QRectF &rect, qreal radius)
 struct Shadow
 {
     QRectF rect;
-    qreal radius;
-    qreal blur;
-    qreal alpha;
+    qreal radius = 0;
+    qreal blur = 0;
+    qreal alpha = 0;
 
     [[nodiscard]] qreal alphaAt(const QPointF &point) const
     {

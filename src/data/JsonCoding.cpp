@@ -115,7 +115,7 @@ QString JsonObjectReader::pathOf(QLatin1StringView key) const
 
 QJsonValue JsonObjectReader::value(QLatin1StringView key, QJsonValue::Type type) const
 {
-    const auto found = m_object.value(key);
+    auto found = m_object.value(key);
     if (found.isUndefined())
         throw JsonError(u"The value of \"%1\" is missing."_s.arg(pathOf(key)));
     if (found.type() != type)

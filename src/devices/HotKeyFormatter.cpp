@@ -13,8 +13,8 @@ namespace {
 
 struct Modifier
 {
-    quint32 carbonValue;
-    quint32 flag;
+    quint32 carbonValue = 0;
+    quint32 flag = 0;
     QStringView symbol;
 };
 
@@ -26,23 +26,23 @@ constexpr Modifier modifierTable[] = {{0x1000, ModifierFlag::control, u"⌃"},
 
 struct ModifierKey
 {
-    quint32 keyCode;
+    quint32 keyCode = 0;
+    quint32 carbonValue = 0;
     QStringView displayName;
-    quint32 carbonValue;
 };
 
-constexpr ModifierKey modifierKeys[] = {{55, u"左⌘", 0x100},
-                                        {54, u"右⌘", 0x100},
-                                        {56, u"左⇧", 0x200},
-                                        {60, u"右⇧", 0x200},
-                                        {58, u"左⌥", 0x800},
-                                        {61, u"右⌥", 0x800},
-                                        {59, u"左⌃", 0x1000},
-                                        {62, u"右⌃", 0x1000}};
+constexpr ModifierKey modifierKeys[] = {{55, 0x100, u"左⌘"},
+                                        {54, 0x100, u"右⌘"},
+                                        {56, 0x200, u"左⇧"},
+                                        {60, 0x200, u"右⇧"},
+                                        {58, 0x800, u"左⌥"},
+                                        {61, 0x800, u"右⌥"},
+                                        {59, 0x1000, u"左⌃"},
+                                        {62, 0x1000, u"右⌃"}};
 
 struct NamedKey
 {
-    quint32 keyCode;
+    quint32 keyCode = 0;
     QStringView name;
 };
 

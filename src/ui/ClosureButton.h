@@ -18,7 +18,7 @@ public:
 
     explicit ClosureButton(const QString &title,
                            Style style = Style::Rounded,
-                           std::function<void()> onClick = {});
+                           std::function<void()> action = {});
 
     // May be empty.
     std::function<void()> onClick;

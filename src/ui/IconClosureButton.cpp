@@ -17,11 +17,11 @@ constexpr qreal cornerRadius = 5;
 
 } // namespace
 
-IconClosureButton::IconClosureButton(const QString &symbolName,
+IconClosureButton::IconClosureButton(QString symbolName,
                                      const QString &title,
                                      std::function<void()> action)
     : onClick(std::move(action))
-    , m_symbolName(symbolName)
+    , m_symbolName(std::move(symbolName))
 {
     setToolTip(title);
     setAccessibleName(title);

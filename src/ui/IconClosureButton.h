@@ -12,9 +12,7 @@
 class IconClosureButton final : public QAbstractButton
 {
 public:
-    IconClosureButton(const QString &symbolName,
-                      const QString &title,
-                      std::function<void()> onClick = {});
+    IconClosureButton(QString symbolName, const QString &title, std::function<void()> action = {});
 
     // May be empty.
     std::function<void()> onClick;

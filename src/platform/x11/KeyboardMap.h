@@ -27,10 +27,10 @@ public:
     // The keys that set the modifier of this row, in the order of the map.
     [[nodiscard]] const std::vector<quint8> &modifierKeys(std::size_t row) const;
     // The bits of the modifiers Mod1 to Mod5 set by keys that carry one of two key symbols.
-    [[nodiscard]] quint16 modifierBits(quint32 symbol, quint32 alternative) const;
+    [[nodiscard]] quint16 modifierBits(quint32 wanted, quint32 alternative) const;
     // The key that types the symbol without modifiers: in the current layout, else in another of
     // those that the user switches between.
-    [[nodiscard]] std::optional<quint8> keyTyping(quint32 symbol) const;
+    [[nodiscard]] std::optional<quint8> keyTyping(quint32 wanted) const;
     // Whether the key changes what others type only while it is held down, unlike a lock key. The
     // AltGr key of many layouts sets a modifier without being in its row.
     [[nodiscard]] bool isHeldModifier(quint8 key) const;

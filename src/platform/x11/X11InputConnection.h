@@ -23,6 +23,7 @@ template<typename Keys>
 [[nodiscard]] std::vector<KeyStroke> strokesOf(const Keys &keys, bool isPress)
 {
     std::vector<KeyStroke> strokes;
+    strokes.reserve(keys.size());
     for (const quint8 key : keys)
         strokes.push_back({key, isPress});
     return strokes;
