@@ -14,7 +14,10 @@ const program = fileURLToPath(
 
 const settings = { port: 47614, key: 'key-of-the-benchmark' };
 
-/** The companion as the service manager starts it, with the first connection. Its settings go to the home folder. */
+/**
+ * The companion as the service manager starts it, with the first connection. Its settings go to the
+ * home folder.
+ */
 export class Companion {
     #child;
 
@@ -24,7 +27,7 @@ export class Companion {
         const variables = ['HOME', 'PATH', 'XDG_DATA_HOME'].flatMap((name) => ['-E', name]);
         const command = [
             '-l',
-            `127.0.0.1:${port}`,
+            `127.0.0.1:${settings.port}`,
             ...variables,
             process.execPath,
             program,
