@@ -7,6 +7,8 @@
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -103,6 +105,8 @@ void HttpTransfer::takeReceived()
 
 void HttpTransfer::checkInactivity()
 {
+    if (const auto silence = TcpSockets::sinceLastReceived(); silence < m_inactivityLimit)
+        m_lastProgress = std::max(m_lastProgress, Clock::now() - silence);
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(
         m_lastProgress + m_inactivityLimit - Clock::now());
     if (left.count() > 0)

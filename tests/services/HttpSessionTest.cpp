@@ -137,7 +137,7 @@ TEST(HttpSession, RefusesHeadersThatCannotBeWritten)
 TEST(HttpSession, WaitsAsLongAsSomethingMovesAndTakesLargeAnswers)
 {
     const ScriptedHttpServer server(
-        ScriptedAnswer{.body = "ten  bytes", .manner = Manner::Drip, .interval = 100ms});
+        ScriptedAnswer{.body = "ten  bytes", .manner = Manner::Drip, .interval = 40ms});
     HttpSession session;
     auto request = requestTo(server.url());
     request.inactivityLimit = 500ms;

@@ -71,7 +71,6 @@ void ScriptedConnection::play()
         break;
     case Manner::Drip:
         m_dripped = 0;
-        sendPart(answerHead());
         m_dripTimer.start(m_answer.interval);
         break;
     case Manner::CloseBefore:
@@ -102,8 +101,9 @@ void ScriptedConnection::sendWhole()
 
 void ScriptedConnection::drip()
 {
-    if (m_dripped < m_answer.body.size())
-        sendPart(m_answer.body.sliced(m_dripped++, 1));
+    const auto answer = answerHead() + m_answer.body;
+    if (m_dripped < answer.size())
+        sendPart(answer.sliced(m_dripped++, 1));
     else
         m_dripTimer.stop();
 }

@@ -40,7 +40,7 @@ struct ScriptedAnswer
 {
     enum class Manner {
         Whole, // the answer at once
-        Drip, // its body byte after byte, `interval` apart
+        Drip, // byte after byte, `interval` apart
         CloseBefore, // close without a word
         ResetBefore, // reset without a word
         CloseInTheMiddle, // half of the body, then close
