@@ -12,7 +12,7 @@ class DictionaryChipButton final : public QAbstractButton
 {
 public:
     explicit DictionaryChipButton(const QString &term,
-                                  std::function<void(const QString &term)> onDelete = {});
+                                  std::function<void(const QString &term)> action = {});
 
     // Called by a press. May be empty.
     std::function<void(const QString &term)> onDelete;
