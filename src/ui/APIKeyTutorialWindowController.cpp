@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "APIKeyTutorialWindowController.h"
 
+#include "AccessibleRole.h"
 #include "AppRuntime.h"
 #include "InterfaceFont.h"
 #include "TextLabel.h"
@@ -88,6 +89,7 @@ void APIKeyTutorialWindowController::buildWindow()
 {
     m_window = std::make_unique<QWidget>(nullptr, WindowPlacement::regularWindow);
     m_window->setWindowTitle(AppRuntime::appName + u" API 教程"_s);
+    setAccessibleRole(*m_window, QAccessible::Window, m_window->windowTitle());
     m_window->setMinimumSize(520, 420);
     m_window->resize(680, 620);
     m_titleLabel =

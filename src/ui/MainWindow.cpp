@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "AccessibleRole.h"
 #include "AppRuntime.h"
 #include "PasteEnabledTextField.h"
 #include "PasteEnabledTextView.h"
@@ -37,6 +38,7 @@ MainWindow::MainWindow(const QList<QWidget *> &pages,
     , m_pages(new QStackedLayout)
 {
     setWindowTitle(AppRuntime::appName);
+    setAccessibleRole(*this, QAccessible::Window, AppRuntime::appName);
     setMinimumSize(smallestSize);
     resize(initialSize);
     m_sidebar->onClick = std::move(onPageClick);
