@@ -29,6 +29,7 @@ SidebarItemButton::SidebarItemButton(const QString &title,
     setToolTip(title);
     setFont(interfaceFont(15, QFont::DemiBold));
     setCheckable(true);
+    setAutoExclusive(true); // to screen readers, one of several
     setFocusPolicy(Qt::StrongFocus);
     setFixedHeight(itemHeight);
     connect(this, &QAbstractButton::clicked, this, std::move(onClick));
@@ -39,6 +40,12 @@ QSize SidebarItemButton::sizeHint() const
     return {leadingMargin + symbolSize + symbolGap + fontMetrics().horizontalAdvance(text())
                 + trailingMargin,
             itemHeight};
+}
+
+// A button's own way would take the other items out of the tab order.
+void SidebarItemButton::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
 }
 
 void SidebarItemButton::paintEvent(QPaintEvent *)

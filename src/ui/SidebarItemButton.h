@@ -19,6 +19,7 @@ public:
 
 protected:
     void nextCheckState() override {}
+    void focusInEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
