@@ -4,6 +4,8 @@
 
 #include "WaitUntil.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 #include <ranges>
 
@@ -101,6 +103,17 @@ Desktop::start(const QString &program, const QStringList &arguments, const QStri
                           std::chrono::seconds(20)))
         << program.toStdString();
     return process;
+}
+
+bool Desktop::isSaved(const QString &text, const QString &file)
+{
+    return waitUntil([&] {
+        tap({Key::leftControl, Key::s});
+        QFile saved(file);
+        return waitUntil([&] { return saved.exists(); }, std::chrono::milliseconds(500))
+            && saved.open(QIODevice::ReadOnly)
+            && QString::fromUtf8(saved.readAll()).trimmed() == text;
+    });
 }
 
 QString Desktop::focusedClass() const

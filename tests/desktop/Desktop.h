@@ -16,6 +16,8 @@ inline constexpr quint8 insert = 118;
 inline constexpr quint8 space = 65;
 inline constexpr quint8 a = 38;
 inline constexpr quint8 s = 39;
+inline constexpr quint8 v = 55;
+inline constexpr quint8 tab = 23;
 inline constexpr quint8 f9 = 75;
 inline constexpr quint8 capsLock = 66;
 inline constexpr quint8 numLock = 77;
@@ -58,6 +60,8 @@ public:
     // focus. It is ended with the returned object.
     [[nodiscard]] std::unique_ptr<BackgroundProcess>
     start(const QString &program, const QStringList &arguments, const QString &windowClass);
+    // Whether the editor that has the focus, told to save, leaves this text in its file.
+    [[nodiscard]] bool isSaved(const QString &text, const QString &file);
     // Holds instance and class of the window that has the focus; empty when none has it.
     [[nodiscard]] QString focusedClass() const;
 

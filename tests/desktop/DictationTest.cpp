@@ -71,12 +71,7 @@ TEST_F(Dictation, ArrivesInTheEditorThatHasTheFocus)
     speak(1.5);
     finish();
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
-    EXPECT_TRUE(waitUntil([&] {
-        desktop.tap({Key::leftControl, Key::s});
-        QFile saved(file);
-        return waitUntil([&] { return saved.exists(); }, 500ms) && saved.open(QIODevice::ReadOnly)
-            && QString::fromUtf8(saved.readAll()).trimmed() == polished;
-    }));
+    EXPECT_TRUE(desktop.isSaved(polished, file));
 
     EXPECT_EQ(HistoryStore().items().constFirst().polished, polished);
     EXPECT_TRUE(desktop.keysDown().empty());
