@@ -18,13 +18,15 @@ ScriptedServices::ScriptedServices(const QStringList &options)
     m_address = "http://127.0.0.1:"_L1 + words[1].trimmed();
 }
 
-void ScriptedServices::configure() const
+void ScriptedServices::configure(bool hasKeys) const
 {
     AppConfig config;
     config.volcengine.endpoint = m_address + "/api/v3/auc/bigmodel/recognize/flash"_L1;
-    config.volcengine.apiKey = u"scripted-voice-key"_s;
     config.deepSeek.baseURL = m_address;
-    config.deepSeek.apiKey = u"scripted-polish-key"_s;
+    if (hasKeys) {
+        config.volcengine.apiKey = u"scripted-voice-key"_s;
+        config.deepSeek.apiKey = u"scripted-polish-key"_s;
+    }
     AppConfig::save(config);
 }
 

@@ -11,8 +11,8 @@ public:
     // Starts the stand-in with its command-line options and waits until it listens.
     explicit ScriptedServices(const QStringList &options = {});
 
-    // Writes a configuration that points to the stand-in, with made-up keys.
-    void configure() const;
+    // Writes a configuration that points to the stand-in, with made-up keys or without any.
+    void configure(bool hasKeys = true) const;
     // One line for every request received so far.
     [[nodiscard]] QStringList requests();
 
