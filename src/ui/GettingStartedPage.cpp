@@ -3,6 +3,7 @@
 #include "GettingStartedPage.h"
 
 #include "APIKeySection.h"
+#include "ForwardingCallback.h"
 #include "HotKeySection.h"
 #include "PromptSection.h"
 #include "ViewBuilders.h"
@@ -13,20 +14,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace ViewBuilders;
-
-namespace {
-
-// A callback that calls another, which may still be set or changed.
-template<typename... Arguments>
-std::function<void(Arguments...)> forwarding(const std::function<void(Arguments...)> &target)
-{
-    return [&target](Arguments... arguments) {
-        if (target)
-            target(arguments...);
-    };
-}
-
-} // namespace
 
 GettingStartedPage::GettingStartedPage(HotKeyCaptureButton::KeyCharacters keyCharacters)
     : m_apiKeySection(new APIKeySection)
@@ -69,9 +56,9 @@ QWidget *GettingStartedPage::makeDocument()
 
 void GettingStartedPage::forwardCallbacks()
 {
-    m_apiKeySection->onAPIKeysSave = forwarding(onAPIKeysSave);
-    m_apiKeySection->onShowTutorial = forwarding(onShowTutorial);
-    m_hotKeySection->onHotKeyChange = forwarding(onHotKeyChange);
-    m_hotKeySection->onHotKeyCaptureChange = forwarding(onHotKeyCaptureChange);
-    m_promptSection->onPromptSettingsChange = forwarding(onPromptSettingsChange);
+    m_apiKeySection->onAPIKeysSave = forwardingTo(onAPIKeysSave);
+    m_apiKeySection->onShowTutorial = forwardingTo(onShowTutorial);
+    m_hotKeySection->onHotKeyChange = forwardingTo(onHotKeyChange);
+    m_hotKeySection->onHotKeyCaptureChange = forwardingTo(onHotKeyCaptureChange);
+    m_promptSection->onPromptSettingsChange = forwardingTo(onPromptSettingsChange);
 }

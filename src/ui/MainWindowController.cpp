@@ -4,24 +4,11 @@
 
 #include "ContactPage.h"
 #include "DictionaryPage.h"
+#include "ForwardingCallback.h"
 #include "GettingStartedPage.h"
 #include "HistoryPage.h"
 #include "MainWindow.h"
 #include "WindowPlacement.h"
-
-namespace {
-
-// Hands what a page reports on to the callback the application controller may have set.
-template<typename... Arguments>
-std::function<void(Arguments...)> forwardTo(std::function<void(Arguments...)> &callback)
-{
-    return [&callback](Arguments... arguments) {
-        if (callback)
-            callback(arguments...);
-    };
-}
-
-} // namespace
 
 MainWindowController::MainWindowController(HistoryStore &store,
                                            HotKeyCaptureButton::KeyCharacters keyCharacters)
@@ -71,16 +58,16 @@ void MainWindowController::buildWindow()
 
 void MainWindowController::connectPages()
 {
-    m_gettingStartedPage->onAPIKeysSave = forwardTo(onAPIKeysSave);
-    m_gettingStartedPage->onHotKeyChange = forwardTo(onHotKeyChange);
-    m_gettingStartedPage->onHotKeyCaptureChange = forwardTo(onHotKeyCaptureChange);
-    m_gettingStartedPage->onPromptSettingsChange = forwardTo(onPromptSettingsChange);
+    m_gettingStartedPage->onAPIKeysSave = forwardingTo(onAPIKeysSave);
+    m_gettingStartedPage->onHotKeyChange = forwardingTo(onHotKeyChange);
+    m_gettingStartedPage->onHotKeyCaptureChange = forwardingTo(onHotKeyCaptureChange);
+    m_gettingStartedPage->onPromptSettingsChange = forwardingTo(onPromptSettingsChange);
     m_gettingStartedPage->onShowTutorial = [this](const QString &title, const QString &body) {
         m_tutorialWindowController.show(title, body);
     };
-    m_historyPage->onPasteHistory = forwardTo(onPasteHistory);
-    m_dictionaryPage->onPersonalDictionaryChange = forwardTo(onPersonalDictionaryChange);
-    m_contactPage->onOpenLogFolder = forwardTo(onOpenLogFolder);
+    m_historyPage->onPasteHistory = forwardingTo(onPasteHistory);
+    m_dictionaryPage->onPersonalDictionaryChange = forwardingTo(onPersonalDictionaryChange);
+    m_contactPage->onOpenLogFolder = forwardingTo(onOpenLogFolder);
 }
 
 void MainWindowController::load(const AppConfig &config)
