@@ -60,11 +60,10 @@ TEST(LocalServices, TurnSpeechIntoTextInTheEditorWithoutAnAccount)
     const auto editor = desktop.start(u"mousepad"_s, {u"--disable-server"_s, note}, u"mousepad"_s);
     using App = WrenfoldApplication;
     ASSERT_TRUE(App::tapUntilLogged(desktop, Key::hotKey, u"Recording started."_s));
-    speak(u"Please please move the meeting, you know, to Thursday at three in the afternoon."_s);
+    speak(u"Um, please please bring the documents to the meeting on Thursday."_s);
     ASSERT_TRUE(App::tapUntilLogged(desktop, Key::hotKey, u"Recording stopped."_s));
     ASSERT_TRUE(App::waitForLog(u"Auto paste succeeded."_s, 1, 60s));
-    EXPECT_EQ(savedText(desktop, note),
-              "Please move the MEETING to Thursday at three in the afternoon.");
+    EXPECT_EQ(savedText(desktop, note), "Please bring the documents to the MEETING on Thursday.");
 
     EXPECT_EQ(application->end(SIGTERM), 0);
     EXPECT_EQ(runCommand(tool + u" disable"_s).exitCode, 0);

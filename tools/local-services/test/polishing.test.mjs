@@ -12,6 +12,7 @@ const rows = [
     // Fillers, and words that only look like one.
     ['Um, please please move it to uh three.', 'Please move it to three.'],
     ['We deploy, you know, on Friday, you know.', 'We deploy on Friday.'],
+    ['"Um," I would. "Uh, please" go', 'I would. "Please" go.'],
     ['do you know him', 'Do you know him.'],
     ['I went home, um, and slept. Uh, then I I woke up', 'I went home, and slept. Then I woke up.'],
     ['uh-huh uh oh the ER and 5 mm', 'Uh-huh uh oh the ER and 5 mm.'],

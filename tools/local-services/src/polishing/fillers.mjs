@@ -36,6 +36,7 @@ function seam(match, left, right, offset, whole) {
     const head = (whole.slice(Math.max(0, offset - 4), offset) + mark).trimEnd();
     const rest = whole.slice(offset + match.length, offset + match.length + 12);
     if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest)) return mark;
+    if (/["“(（]$/u.test(head)) return mark;
     if (/[.!?;。！？]$/u.test(head)) return /[.!?;]$/.test(head) ? `${mark} ` : mark;
     const hadComma = /[,，、]/u.test(left + right);
     const isHan = /\p{sc=Han}$/u.test(head) || /^\p{sc=Han}/u.test(rest);
@@ -55,5 +56,6 @@ export function removeFillers(text) {
         last = text;
         for (const pattern of [anywhere, ...setOff]) text = text.replace(pattern, seam);
     }
-    return text.trim();
+    // Quotes are left empty where only a filler was in them.
+    return text.replace(/["“]["”][,，]?\s*/gu, '').trim();
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import { isSilent, splitAtPauses } from './pauses.mjs';
+import { isSilent, splitAtPauses, withEvenEdges } from './pauses.mjs';
 import { engineOptions, takesHotwords } from './model-types.mjs';
 import { RecognitionWorker } from './worker.mjs';
 
@@ -56,9 +56,10 @@ export class Recogniser {
         for (const piece of splitAtPauses(samples, sampleRate, longestPieceSeconds)) {
             signal.throwIfAborted();
             if (isSilent(piece, sampleRate)) continue;
+            const sound = withEvenEdges(piece, sampleRate);
             const worker = this.#workerFor(model, language);
             try {
-                texts.push((await worker.recognise(piece, sampleRate, hotwords)).trim());
+                texts.push((await worker.recognise(sound, sampleRate, hotwords)).trim());
                 this.#hasWorked = true;
             } catch (error) {
                 if (worker.hasFailed && this.#hasWorked) this.#workerFor(model, language);
