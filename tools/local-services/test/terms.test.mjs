@@ -21,7 +21,7 @@ const rows = [
     ['meeting to thursday at three', 'THURSDAY Meating', 'meeting to THURSDAY at three'],
     ["two dockers and docker's file", 'Docker', "two Dockers and Docker's file"],
     // Other words, however short or common the term.
-    ['it is up to us in the cloud where they docked', 'IT US Claude Wares Docker', undefined],
+    ['it is up to us in the cloud where they docked', 'IT US Clowd Wares Docker', undefined],
     ['a doctor, a sander and the wheels', 'Docker Sanders Wheeler', undefined],
     ['the vene version of Kemprantice', 'Kubernetes', undefined],
     ['open. Source, git. Hub', 'OpenSource GitHub', undefined],
