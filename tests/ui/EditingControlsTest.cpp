@@ -281,3 +281,17 @@ TEST_F(EditingControlsTest, buttonsRunTheirCallback)
     ClosureButton(u"无"_s).click();
     IconClosureButton(u"trash"_s, u"无"_s).click();
 }
+
+TEST_F(EditingControlsTest, takeWhatAnInputMethodComposes)
+{
+    for (auto *control : controls()) {
+        control->setFocus();
+        QInputMethodEvent composing(u"ni hao"_s, {});
+        QCoreApplication::sendEvent(control, &composing);
+        EXPECT_FALSE(texts().join(u' ').contains("ni"_L1)) << "before it is chosen";
+        QInputMethodEvent chosen;
+        chosen.setCommitString(u"你好"_s);
+        QCoreApplication::sendEvent(control, &chosen);
+    }
+    EXPECT_EQ(texts(), QStringList(3, u"a你好c"_s));
+}
