@@ -34,6 +34,7 @@ DictationBenchmark::DictationBenchmark(Results &results)
     , m_application(Application::command())
 {
     m_log.waitFor("Launch finished.");
+    m_window.takeFocusBack(); // from the application's window, which opens at its launch
 }
 
 void DictationBenchmark::measureShortOnes()

@@ -34,6 +34,15 @@ FocusedWindow::FocusedWindow()
         throw std::runtime_error("the editor does not get the focus");
 }
 
+void FocusedWindow::takeFocusBack()
+{
+    if (!runUntil([this] { return !isActiveWindow(); }))
+        throw std::runtime_error("no other window took the focus");
+    activateWindow();
+    if (!runUntil([this] { return hasFocus(); }))
+        throw std::runtime_error("the editor does not get the focus back");
+}
+
 Instant FocusedWindow::waitForText(const QString &expected)
 {
     if (!runUntil([this] { return m_arrivedAt.has_value(); }))
