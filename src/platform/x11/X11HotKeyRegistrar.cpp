@@ -171,6 +171,9 @@ void X11HotKeyRegistrar::handleEvent(const void *event)
 
 void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
 {
+    // The release before this press comes on the other connection, and may not be read yet.
+    if (m_heldSince.contains(key) && m_input.canWatch())
+        m_input.catchUp();
     const auto held = m_heldSince.find(key);
     const bool isRepeat =
         held != m_heldSince.end() && (!held->second || time - *held->second < longestRepeatGap);

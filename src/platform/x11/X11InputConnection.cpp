@@ -76,6 +76,14 @@ void X11InputConnection::removeListener(const void *owner)
     updateWatch();
 }
 
+void X11InputConnection::catchUp()
+{
+    auto *const connection = m_connection.get();
+    const XcbReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    m_connection.drain();
+}
+
 std::vector<quint8> X11InputConnection::keysDown()
 {
     auto *const connection = m_connection.get();

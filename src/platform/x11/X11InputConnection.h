@@ -51,6 +51,8 @@ public:
     // focus. When this returns no later key is missed. One listener an owner. Main thread only.
     void addListener(const void *owner, Listener listener);
     void removeListener(const void *owner);
+    // Tells the listeners of every key that was pressed or released until now. Main thread only.
+    void catchUp();
     // The keys that are down now, by X key code. Any thread.
     [[nodiscard]] std::vector<quint8> keysDown();
 
