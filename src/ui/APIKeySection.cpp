@@ -46,8 +46,10 @@ APIKeySection::APIKeySection()
 
 void APIKeySection::load(const QString &doubaoAPIKey, const QString &deepSeekAPIKey)
 {
-    m_doubaoAPIKeyField->setText(doubaoAPIKey);
-    m_deepSeekAPIKeyField->setText(deepSeekAPIKey);
+    for (const auto &[field, key] : {std::pair(m_doubaoAPIKeyField, doubaoAPIKey),
+                                     std::pair(m_deepSeekAPIKeyField, deepSeekAPIKey)})
+        if (field->text() != key)
+            field->setText(key);
     const bool hasBoth = !doubaoAPIKey.trimmed().isEmpty() && !deepSeekAPIKey.trimmed().isEmpty();
     m_apiStatusLabel->setColor(SemanticColor::SecondaryLabel);
     m_apiStatusLabel->setText(hasBoth ? u"当前已配置 API Key。需要更换时直接覆盖保存。"_s

@@ -95,9 +95,11 @@ QWidget *DictionaryPage::makeChipScrollView()
 
 void DictionaryPage::load(const PersonalDictionaryConfig &dictionary)
 {
-    m_personalDictionary = dictionary;
     m_newTermField->clear();
-    reloadDictionaryList();
+    if (dictionary != m_personalDictionary) {
+        m_personalDictionary = dictionary;
+        reloadDictionaryList();
+    }
     updateDictionaryStatus();
 }
 

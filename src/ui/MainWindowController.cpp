@@ -70,6 +70,7 @@ void MainWindowController::connectPages()
     m_contactPage->onOpenLogFolder = forwardingTo(onOpenLogFolder);
 }
 
+// Costs little when nothing has changed: a dictation waits for it before its text is pasted.
 void MainWindowController::load(const AppConfig &config)
 {
     m_gettingStartedPage->load(config);

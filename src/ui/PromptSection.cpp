@@ -56,12 +56,14 @@ PromptSection::PromptSection()
 
 void PromptSection::load(const PromptSettings &settings)
 {
-    m_promptSettings = settings;
-    const auto prompts = PromptLibrary::allPrompts(m_promptSettings);
-    if (std::ranges::find(prompts, m_promptSettings.selectedID, &PromptDefinition::id)
-        == prompts.end())
-        m_promptSettings.selectedID = PromptLibrary::cleanID;
-    reloadPromptMenu();
+    auto known = settings;
+    const auto prompts = PromptLibrary::allPrompts(known);
+    if (std::ranges::find(prompts, known.selectedID, &PromptDefinition::id) == prompts.end())
+        known.selectedID = PromptLibrary::cleanID;
+    if (m_promptMenu->count() == 0 || known != m_promptSettings) {
+        m_promptSettings = known;
+        reloadPromptMenu();
+    }
     loadSelectedPrompt();
 }
 
@@ -106,17 +108,21 @@ void PromptSection::loadSelectedPrompt()
 {
     const auto selected = selectedPrompt();
     const bool isCustom = selected.id.startsWith(customPrefix);
-    m_promptNameField->setText(selected.name);
+    if (m_promptNameField->text() != selected.name)
+        m_promptNameField->setText(selected.name);
     m_promptNameField->setReadOnly(!isCustom);
-    m_promptTextView->setReadOnly(!isCustom);
-    // Also by keyboard, so that a built-in prompt can be copied without a mouse.
-    if (!isCustom)
-        m_promptTextView->setTextInteractionFlags(Qt::TextSelectableByMouse
-                                                  | Qt::TextSelectableByKeyboard);
-    m_promptTextView->viewport()->setBackgroundRole(isCustom ? QPalette::Base
-                                                             : QPalette::AlternateBase);
-    m_promptTextView->setPlainText(
-        selected.text.trimmed().isEmpty() ? PromptLibrary::cleanPrompt().text : selected.text);
+    // A built-in prompt can be selected by keyboard too, so that it can be copied without a mouse.
+    const auto interaction = isCustom ? Qt::TextInteractionFlags(Qt::TextEditorInteraction)
+                                      : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (m_promptTextView->textInteractionFlags() != interaction)
+        m_promptTextView->setTextInteractionFlags(interaction);
+    const auto background = isCustom ? QPalette::Base : QPalette::AlternateBase;
+    if (m_promptTextView->viewport()->backgroundRole() != background)
+        m_promptTextView->viewport()->setBackgroundRole(background);
+    const auto text =
+        selected.text.trimmed().isEmpty() ? PromptLibrary::cleanPrompt().text : selected.text;
+    if (m_promptTextView->toPlainText() != text)
+        m_promptTextView->setPlainText(text);
     m_promptTextView->moveCursor(QTextCursor::Start);
     m_promptStatusLabel->setText(
         isCustom ? u"当前使用自定义指令。修改后点“保存指令”生效。"_s
