@@ -247,11 +247,13 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
         secrets << *polishedText;
         AppLogger::info("DeepSeek polish succeeded. outputChars="_L1
                         + QString::number(characterCount(*polishedText)));
-        m_mainQueue.runAndWait([&] { keep(transcript, *polishedText); });
+        m_mainQueue.runAndWait([&] {
+            keep(transcript, *polishedText);
+            config = m_host.config();
+        });
         m_mainQueue.post([this] { m_host.updateStatusTitle(u"贴"_s); });
 
         stage = ProcessingFailureStage::AutoPaste;
-        config = configSnapshot();
         AppLogger::info(u"Auto paste started."_s);
         timings.measure(stage, [&] { m_services.paste(config, *polishedText); });
         AppLogger::info(u"Auto paste succeeded."_s);

@@ -3,12 +3,12 @@
 #include "X11SyntheticKeyboard.h"
 
 #include "FocusedWindow.h"
-#include "KeyboardMap.h"
 #include "X11InputConnection.h"
 
 #include <algorithm>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include <X11/keysym.h>
 
@@ -71,17 +71,22 @@ bool X11SyntheticKeyboard::isTrusted() const
 
 PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
 {
+    const std::lock_guard lock(m_mutex);
     auto *const connection = m_input.connection().get();
     const bool isTerminal = isFocusedWindowTerminal(connection);
-    const auto map = KeyboardMap::read(connection);
-    return isTerminal || !map || !map->keyTyping(XK_v) ? PasteChord::ShiftInsert
-                                                       : PasteChord::ControlV;
+    m_map = KeyboardMap::read(connection);
+    return isTerminal || !m_map || !m_map->keyTyping(XK_v) ? PasteChord::ShiftInsert
+                                                           : PasteChord::ControlV;
 }
 
 bool X11SyntheticKeyboard::post(PasteChord pasteChord)
 {
     const std::lock_guard lock(m_mutex);
-    const auto map = isTrusted() ? KeyboardMap::read(m_input.connection().get()) : std::nullopt;
+    if (!isTrusted())
+        return false;
+    auto map = std::exchange(m_map, std::nullopt);
+    if (!map)
+        map = KeyboardMap::read(m_input.connection().get());
     const auto chord = partsOf(pasteChord);
     const auto key = map ? map->keyTyping(chord.symbol) : std::nullopt;
     if (!key || map->modifierKeys(chord.row).empty())

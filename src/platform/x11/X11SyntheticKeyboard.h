@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "KeyboardMap.h"
 #include "SyntheticKeyboard.h"
 
 #include <mutex>
+#include <optional>
 
 class X11InputConnection;
 
@@ -22,4 +24,5 @@ public:
 private:
     X11InputConnection &m_input;
     std::mutex m_mutex; // one chord at a time
+    std::optional<KeyboardMap> m_map; // what the latest choice of a chord has read, for its keys
 };
