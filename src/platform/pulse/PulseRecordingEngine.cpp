@@ -4,6 +4,7 @@
 
 #include "PulseConnection.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -136,6 +137,7 @@ void PulseRecordingEngine::readFragments(pa_stream *stream)
         }
         pa_stream_drop(stream);
     }
+    noteLead();
     m_averagePowerDb = m_meter.averagePowerDb();
     m_changed.notify_all();
 }
@@ -147,15 +149,32 @@ void PulseRecordingEngine::keep(std::span<const std::int16_t> samples)
     m_capturedBytes += samples.size_bytes();
 }
 
+void PulseRecordingEngine::noteLead()
+{
+    constexpr auto longestDrift = 20us; // of two clocks within a fragment
+    const auto captured =
+        std::chrono::microseconds(m_capturedBytes * 1'000'000 / WavFile::bytesPerSecond);
+    const auto lead = captured - (Clock::now() - m_startedAt);
+    m_lead = std::max(m_lead.value_or(lead) - longestDrift, lead);
+}
+
 // How much of the stream has been spoken by now, with the fragment that is being captured; what the
-// server still holds of it comes later. Without a time to go by, more than can come.
-std::uint64_t PulseRecordingEngine::bytesUntilNow() const
+// server still holds of it comes later. The stream's own time lags on PipeWire: what came soonest
+// tells better there. Without a time to go by, more than can come.
+std::uint64_t PulseRecordingEngine::bytesUntilNow()
 {
     const PulseConnection::Lock lock(m_connection);
     pa_usec_t spoken = 0;
     if (!m_stream || pa_stream_get_time(m_stream, &spoken) < 0)
         return std::numeric_limits<std::uint64_t>::max();
-    return spoken * WavFile::bytesPerSecond / 1'000'000 + fragmentBytes;
+    const auto bytes = [](auto duration) {
+        const auto time = std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
+        return static_cast<std::uint64_t>(std::max<std::int64_t>(time, 0)) * WavFile::bytesPerSecond
+            / 1'000'000;
+    };
+    const std::lock_guard guard(m_mutex);
+    const auto byTheClock = m_lead ? Clock::now() - m_startedAt + *m_lead : Clock::duration(0);
+    return std::max(bytes(std::chrono::microseconds(spoken)) + fragmentBytes, bytes(byTheClock));
 }
 
 void PulseRecordingEngine::releaseStream()

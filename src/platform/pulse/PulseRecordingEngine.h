@@ -9,9 +9,11 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 
 class PulseConnection;
 struct pa_stream;
@@ -31,6 +33,8 @@ public:
     [[nodiscard]] float averagePowerDb() const override { return m_averagePowerDb; }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     enum class State {
         Connecting,
         Recording,
@@ -41,7 +45,8 @@ private:
     void followStreamState(pa_stream *stream);
     void readFragments(pa_stream *stream);
     void keep(std::span<const std::int16_t> samples);
-    [[nodiscard]] std::uint64_t bytesUntilNow() const;
+    void noteLead();
+    [[nodiscard]] std::uint64_t bytesUntilNow();
     void releaseStream();
 
     PulseConnection &m_connection;
@@ -55,4 +60,8 @@ private:
     WavFile m_file;
     LevelMeter m_meter;
     std::uint64_t m_capturedBytes = 0;
+    // How far what was captured has been ahead of the clock since the recording's beginning: the
+    // most of late, since the device's clock is not ours.
+    const Clock::time_point m_startedAt = Clock::now();
+    std::optional<Clock::duration> m_lead;
 };
