@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Palette.h"
 
+#include <QWidget>
+
 namespace {
 
 struct ColorPair
@@ -80,4 +82,14 @@ QColor Palette::color(SemanticColor color, double alpha)
     auto result = Palette::color(color);
     result.setAlphaF(float(alpha));
     return result;
+}
+
+void Palette::apply(QWidget &widget, QPalette::ColorRole role, SemanticColor color)
+{
+    const auto wanted = Palette::color(color);
+    auto palette = widget.palette();
+    if (palette.color(role) == wanted)
+        return;
+    palette.setColor(role, wanted);
+    widget.setPalette(palette);
 }

@@ -5,6 +5,9 @@
 #include "ColorScheme.h"
 
 #include <QColor>
+#include <QPalette>
+
+class QWidget;
 
 // What a colour is for. Each scheme has its own value.
 enum class SemanticColor {
@@ -40,5 +43,9 @@ void setScheme(ColorScheme scheme);
 [[nodiscard]] QColor color(SemanticColor color);
 // The colour with another opacity, from 0 (invisible) to 1.
 [[nodiscard]] QColor color(SemanticColor color, double alpha);
+
+// Gives the widget the colour for this role. To be called again when the widget's palette changes,
+// and so harmless when it has the colour already.
+void apply(QWidget &widget, QPalette::ColorRole role, SemanticColor color);
 
 } // namespace Palette

@@ -66,12 +66,7 @@ void SelectableTextLine::changeEvent(QEvent *event)
 
 void SelectableTextLine::applyColor()
 {
-    const auto wanted = Palette::color(m_color);
-    if (palette().color(QPalette::Text) == wanted)
-        return;
-    auto changed = palette();
-    changed.setColor(QPalette::Text, wanted);
-    setPalette(changed);
+    Palette::apply(*this, QPalette::Text, m_color);
 }
 
 void SelectableTextLine::paintShortened()

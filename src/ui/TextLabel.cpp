@@ -28,10 +28,5 @@ void TextLabel::changeEvent(QEvent *event)
 
 void TextLabel::applyColor()
 {
-    const auto wanted = Palette::color(m_color);
-    if (palette().color(QPalette::WindowText) == wanted)
-        return;
-    auto changed = palette();
-    changed.setColor(QPalette::WindowText, wanted);
-    setPalette(changed);
+    Palette::apply(*this, QPalette::WindowText, m_color);
 }
