@@ -87,6 +87,7 @@ void X11InputConnection::catchUp()
 std::vector<quint8> X11InputConnection::keysDown()
 {
     auto *const connection = m_connection.get();
+    const auto replies = m_connection.lockReplies();
     const XcbReply<xcb_query_keymap_reply_t> keymap(
         xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
     m_connection.drainSoon();
@@ -101,6 +102,7 @@ void X11InputConnection::post(const std::vector<KeyStroke> &strokes)
 {
     if (strokes.empty())
         return;
+    const auto replies = m_connection.lockReplies();
     xcb_get_input_focus_cookie_t barrier{};
     {
         // Held until every request is noted: their events may be read on the other thread at once.
@@ -121,11 +123,13 @@ void X11InputConnection::pressForFingers(const std::vector<quint8> &keys)
     if (keys.empty() || !canWatch())
         return;
     const auto setPressed = [this](const std::set<quint8> &pressed) {
+        const auto replies = m_connection.lockReplies();
         const std::lock_guard lock(m_mutex);
         m_pressedForFingers = pressed;
         updateWatch();
     };
     const auto amongFingers = [this](std::set<quint8> wanted) {
+        const auto replies = m_connection.lockReplies();
         const auto fingers = physicalKeysDown(m_connection.get());
         std::erase_if(wanted, [&fingers](quint8 key) { return !fingers.contains(key); });
         return wanted;

@@ -37,7 +37,7 @@ XcbConnection::XcbConnection(Handler handler)
     m_root = rootOfScreen(xcb_get_setup(get()), screen);
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(get()), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::drain);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &XcbConnection::handleReadable);
 }
 
 XcbConnection::~XcbConnection() = default;
@@ -47,6 +47,11 @@ bool XcbConnection::isUsable() const
     return xcb_connection_has_error(get()) == 0;
 }
 
+std::unique_lock<std::mutex> XcbConnection::lockReplies() const
+{
+    return std::unique_lock(m_repliesMutex);
+}
+
 void XcbConnection::drain()
 {
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(get())})
@@ -54,6 +59,12 @@ void XcbConnection::drain()
     // A dead socket stays readable for ever.
     if (m_notifier && !isUsable())
         m_notifier->setEnabled(false);
+}
+
+void XcbConnection::handleReadable()
+{
+    lockReplies().unlock();
+    drain();
 }
 
 void XcbConnection::drainSoon()

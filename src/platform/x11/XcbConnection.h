@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 
 class QSocketNotifier;
 struct xcb_connection_t;
@@ -27,6 +28,11 @@ public:
     // The root window of the display's default screen; 0 without a display.
     [[nodiscard]] quint32 root() const { return m_root; }
 
+    // To be held by another thread from a request to its reply. The reply wakes the event loop too,
+    // which waits for the lock: unable to read meanwhile, it would turn in circles, at times on the
+    // very core that the other thread needs.
+    [[nodiscard]] std::unique_lock<std::mutex> lockReplies() const;
+
     // Handles the events that have arrived. A round trip reads events in passing without waking the
     // event loop: drain, now or soon, after each.
     void drain();
@@ -42,8 +48,11 @@ private:
         void operator()(xcb_connection_t *connection) const;
     };
 
+    void handleReadable();
+
     Handler m_handler;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     quint32 m_root = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    mutable std::mutex m_repliesMutex;
 };
