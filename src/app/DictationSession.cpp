@@ -235,10 +235,10 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
         secrets << transcript;
         AppLogger::info("ASR succeeded. transcriptChars="_L1
                         + QString::number(characterCount(transcript)));
-        m_mainQueue.post([this] { announcePolishing(); });
 
         stage = ProcessingFailureStage::TextPolishing;
-        config = configSnapshot();
+        config = configSnapshot(); // before the announcement: the request need not wait for it
+        m_mainQueue.post([this] { announcePolishing(); });
         secrets << keysOf(config);
         AppLogger::info("DeepSeek polish started. model="_L1 + config.deepSeek.model
                         + " promptID="_L1 + config.prompts.selectedID);

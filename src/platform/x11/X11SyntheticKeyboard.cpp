@@ -114,8 +114,12 @@ bool X11SyntheticKeyboard::post(PasteChord pasteChord)
     auto sequence = strokesOf(modifiers, true);
     std::ranges::copy(strokesOf(lifted, false), std::back_inserter(sequence));
     sequence.insert(sequence.end(), {{*key, true}, {*key, false}});
+    if (!lifted.empty()) {
+        m_input.post(sequence);
+        m_input.pressForFingers(lifted);
+        sequence.clear();
+    }
+    std::ranges::copy(strokesOf(modifiers, false), std::back_inserter(sequence));
     m_input.post(sequence);
-    m_input.pressForFingers(lifted);
-    m_input.post(strokesOf(modifiers, false));
     return true;
 }
