@@ -158,9 +158,9 @@ void PulseRecordingEngine::noteLead()
     m_lead = std::max(m_lead.value_or(lead) - longestDrift, lead);
 }
 
-// How much of the stream has been spoken by now, with the fragment that is being captured; what the
-// server still holds of it comes later. The stream's own time lags on PipeWire: what came soonest
-// tells better there. Without a time to go by, more than can come.
+// How much of the stream has been spoken by now; what the server still holds of it comes later. The
+// stream's own time counts what the device delays, and lags where there is nothing to delay: there
+// what came soonest tells better. Without a time to go by, more than can come.
 std::uint64_t PulseRecordingEngine::bytesUntilNow()
 {
     const PulseConnection::Lock lock(m_connection);
@@ -174,7 +174,7 @@ std::uint64_t PulseRecordingEngine::bytesUntilNow()
     };
     const std::lock_guard guard(m_mutex);
     const auto byTheClock = m_lead ? Clock::now() - m_startedAt + *m_lead : Clock::duration(0);
-    return std::max(bytes(std::chrono::microseconds(spoken)) + fragmentBytes, bytes(byTheClock));
+    return std::max(bytes(std::chrono::microseconds(spoken)), bytes(byTheClock));
 }
 
 void PulseRecordingEngine::releaseStream()
