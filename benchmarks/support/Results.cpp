@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iomanip>
 #include <sstream>
 
 namespace {
@@ -44,14 +45,14 @@ void Results::add(const Measurement &measurement)
     std::string peerText;
     std::string ratioText;
     std::string goalText;
-    m_file << R"({"name": ")" << name << R"(", "unit": ")" << unit << R"(", "wrenfold": )"
-           << number(own) << R"(, "values": )" << list(values);
+    m_file << R"({"name": )" << std::quoted(name) << R"(, "unit": )" << std::quoted(unit)
+           << R"(, "wrenfold": )" << number(own) << R"(, "values": )" << list(values);
     double judged = own;
     if (!peer.empty()) {
         const double other = median(peerValues);
         peerText = peer + ' ' + number(other) + ' ' + unit;
         ratioText = number(own / other);
-        m_file << R"(, "peer": ")" << peer << R"(", "peerMedian": )" << number(other)
+        m_file << R"(, "peer": )" << std::quoted(peer) << R"(, "peerMedian": )" << number(other)
                << R"(, "peerValues": )" << list(peerValues) << R"(, "ratio": )" << ratioText;
         if (goal && goal->isRatio)
             judged = own / other;
