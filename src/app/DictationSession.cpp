@@ -237,7 +237,8 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
                         + QString::number(characterCount(transcript)));
 
         stage = ProcessingFailureStage::TextPolishing;
-        config = configSnapshot(); // before the announcement: the request need not wait for it
+        // Before the announcement: the request need not wait for it.
+        m_mainQueue.runAndWait([&] { config = m_host.config(); });
         m_mainQueue.post([this] { announcePolishing(); });
         secrets << keysOf(config);
         AppLogger::info("DeepSeek polish started. model="_L1 + config.deepSeek.model
@@ -286,13 +287,6 @@ void DictationSession::endProcessing()
     ++m_processingStageToken;
     m_isProcessing = false;
     m_host.updateStatusTitle(u"听"_s);
-}
-
-AppConfig DictationSession::configSnapshot()
-{
-    AppConfig snapshot;
-    m_mainQueue.runAndWait([this, &snapshot] { snapshot = m_host.config(); });
-    return snapshot;
 }
 
 void DictationSession::showProcessingStage(const QString &text, const QString &slowMessage)

@@ -73,7 +73,6 @@ private:
     void announcePolishing();
     void keep(const QString &transcript, const QString &polished);
     void endProcessing();
-    [[nodiscard]] AppConfig configSnapshot();
 
     void showProcessingStage(const QString &text, const QString &slowMessage);
     void showProcessingFailure(const std::exception_ptr &error,
