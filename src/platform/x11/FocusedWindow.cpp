@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "FocusedWindow.h"
 
+#include "XcbConnection.h"
 #include "XcbReply.h"
 
 #include <QByteArrayList>
@@ -58,19 +59,21 @@ xcb_window_t parentOf(xcb_connection_t *connection, xcb_window_t window)
 
 } // namespace
 
-bool isFocusedWindowTerminal(xcb_connection_t *connection)
+bool isFocusedWindowTerminal(const XcbConnection &connection)
 {
+    auto *const server = connection.get();
+    const auto replies = connection.lockReplies();
     const XcbReply<xcb_get_input_focus_reply_t> focus(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
     // Toolkits may give the focus to a child of the window that carries the name.
     auto window = focus ? focus->focus : xcb_window_t{XCB_NONE};
     while (window > XCB_INPUT_FOCUS_POINTER_ROOT) {
-        const auto names = classNames(connection, window);
+        const auto names = classNames(server, window);
         if (!names.isEmpty())
             return std::ranges::any_of(names, [](const QByteArray &name) {
                 return std::ranges::count(terminals, std::string_view(name.constData())) > 0;
             });
-        window = parentOf(connection, window);
+        window = parentOf(server, window);
     }
     return false;
 }

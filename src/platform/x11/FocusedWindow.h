@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-struct xcb_connection_t;
+class XcbConnection;
 
 // Whether the window that has the keyboard focus belongs to a terminal emulator.
-[[nodiscard]] bool isFocusedWindowTerminal(xcb_connection_t *connection);
+[[nodiscard]] bool isFocusedWindowTerminal(const XcbConnection &connection);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "KeyboardMap.h"
 
+#include "XcbConnection.h"
 #include "XcbReply.h"
 
 #include <algorithm>
@@ -13,11 +14,13 @@
 #include <xcb/xkb.h>
 #undef explicit
 
-std::optional<KeyboardMap> KeyboardMap::read(xcb_connection_t *connection)
+std::optional<KeyboardMap> KeyboardMap::read(const XcbConnection &connection)
 {
+    auto *const server = connection.get();
+    const auto replies = connection.lockReplies();
     const xcb_xkb_device_spec_t keyboard = XCB_XKB_ID_USE_CORE_KBD;
-    const auto state = xcb_xkb_get_state(connection, keyboard);
-    const auto map = xcb_xkb_get_map(connection,
+    const auto state = xcb_xkb_get_state(server, keyboard);
+    const auto map = xcb_xkb_get_map(server,
                                      keyboard,
                                      XCB_XKB_MAP_PART_KEY_SYMS, //
                                      0,
@@ -36,13 +39,12 @@ std::optional<KeyboardMap> KeyboardMap::read(xcb_connection_t *connection)
                                      0,
                                      0,
                                      0);
-    const auto rows = xcb_get_modifier_mapping(connection);
+    const auto rows = xcb_get_modifier_mapping(server);
     const XcbReply<xcb_xkb_get_state_reply_t> stateReply(
-        xcb_xkb_get_state_reply(connection, state, nullptr));
-    const XcbReply<xcb_xkb_get_map_reply_t> mapReply(
-        xcb_xkb_get_map_reply(connection, map, nullptr));
+        xcb_xkb_get_state_reply(server, state, nullptr));
+    const XcbReply<xcb_xkb_get_map_reply_t> mapReply(xcb_xkb_get_map_reply(server, map, nullptr));
     const XcbReply<xcb_get_modifier_mapping_reply_t> rowsReply(
-        xcb_get_modifier_mapping_reply(connection, rows, nullptr));
+        xcb_get_modifier_mapping_reply(server, rows, nullptr));
     if (!stateReply || !mapReply || !rowsReply)
         return std::nullopt;
     KeyboardMap result;

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-struct xcb_connection_t;
+class XcbConnection;
 struct xcb_get_modifier_mapping_reply_t;
 struct xcb_xkb_get_map_reply_t;
 
@@ -22,7 +22,7 @@ public:
 
     // Reads the map in one round trip; absent when the display cannot tell. The connection must
     // have been introduced to the XKB extension.
-    [[nodiscard]] static std::optional<KeyboardMap> read(xcb_connection_t *connection);
+    [[nodiscard]] static std::optional<KeyboardMap> read(const XcbConnection &connection);
 
     // The keys that set the modifier of this row, in the order of the map.
     [[nodiscard]] const std::vector<quint8> &modifierKeys(std::size_t row) const;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "PhysicalKeys.h"
 
+#include "XcbConnection.h"
 #include "XcbReply.h"
 
 #include <string_view>
@@ -52,15 +53,17 @@ void addKeysDown(const xcb_input_query_device_state_reply_t *reply, std::set<qui
 
 } // namespace
 
-std::set<quint8> physicalKeysDown(xcb_connection_t *connection)
+std::set<quint8> physicalKeysDown(const XcbConnection &connection)
 {
+    auto *const server = connection.get();
+    const auto replies = connection.lockReplies();
     std::vector<xcb_input_query_device_state_cookie_t> requests;
-    for (const auto keyboard : realKeyboards(connection))
-        requests.push_back(xcb_input_query_device_state(connection, keyboard));
+    for (const auto keyboard : realKeyboards(server))
+        requests.push_back(xcb_input_query_device_state(server, keyboard));
     std::set<quint8> down;
     for (const auto request : requests) {
         const XcbReply<xcb_input_query_device_state_reply_t> reply(
-            xcb_input_query_device_state_reply(connection, request, nullptr));
+            xcb_input_query_device_state_reply(server, request, nullptr));
         if (reply)
             addKeysDown(reply.get(), down);
     }

@@ -6,8 +6,8 @@
 
 #include <set>
 
-struct xcb_connection_t;
+class XcbConnection;
 
 // The keys that fingers hold down, by X key code: those of every real keyboard, without keys that
 // programs posted. The connection must have been introduced to the input extension.
-[[nodiscard]] std::set<quint8> physicalKeysDown(xcb_connection_t *connection);
+[[nodiscard]] std::set<quint8> physicalKeysDown(const XcbConnection &connection);

@@ -33,7 +33,7 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(X11InputConnection &input)
     if (!m_connection.isUsable())
         return;
     prepareKeyboard();
-    if (const auto map = KeyboardMap::read(m_connection.get()))
+    if (const auto map = KeyboardMap::read(m_connection))
         m_bits = ModifierBits::of(*map);
     m_connection.drainSoon();
 }
@@ -222,7 +222,7 @@ void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
 // paste: only other bits are worth new grabs.
 void X11HotKeyRegistrar::updateModifierBits()
 {
-    const auto map = KeyboardMap::read(m_connection.get());
+    const auto map = KeyboardMap::read(m_connection);
     m_connection.drainSoon();
     if (!map)
         return;

@@ -129,8 +129,7 @@ void X11InputConnection::pressForFingers(const std::vector<quint8> &keys)
         updateWatch();
     };
     const auto amongFingers = [this](std::set<quint8> wanted) {
-        const auto replies = m_connection.lockReplies();
-        const auto fingers = physicalKeysDown(m_connection.get());
+        const auto fingers = physicalKeysDown(m_connection);
         std::erase_if(wanted, [&fingers](quint8 key) { return !fingers.contains(key); });
         return wanted;
     };

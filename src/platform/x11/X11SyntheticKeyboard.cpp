@@ -42,18 +42,6 @@ bool wouldSpoil(quint8 key, const Chord &chord, const KeyboardMap &map)
     return map.isHeldModifier(key) && !isIn(map.modifierKeys(chord.row), key);
 }
 
-bool isTerminalFocused(const XcbConnection &connection)
-{
-    const auto replies = connection.lockReplies();
-    return isFocusedWindowTerminal(connection.get());
-}
-
-std::optional<KeyboardMap> readMap(const XcbConnection &connection)
-{
-    const auto replies = connection.lockReplies();
-    return KeyboardMap::read(connection.get());
-}
-
 // Gives the user the time to let go of keys that spoil the chord; returns all that is down then.
 std::vector<quint8>
 waitForFingers(X11InputConnection &input, const Chord &chord, const KeyboardMap &map)
@@ -84,8 +72,8 @@ bool X11SyntheticKeyboard::isTrusted() const
 PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
 {
     const std::lock_guard lock(m_mutex);
-    const bool isTerminal = isTerminalFocused(m_input.connection());
-    m_map = readMap(m_input.connection());
+    const bool isTerminal = isFocusedWindowTerminal(m_input.connection());
+    m_map = KeyboardMap::read(m_input.connection());
     return isTerminal || !m_map || !m_map->keyTyping(XK_v) ? PasteChord::ShiftInsert
                                                            : PasteChord::ControlV;
 }
@@ -97,7 +85,7 @@ bool X11SyntheticKeyboard::post(PasteChord pasteChord)
         return false;
     auto map = std::exchange(m_map, std::nullopt);
     if (!map)
-        map = readMap(m_input.connection());
+        map = KeyboardMap::read(m_input.connection());
     const auto chord = partsOf(pasteChord);
     const auto key = map ? map->keyTyping(chord.symbol) : std::nullopt;
     if (!key || map->modifierKeys(chord.row).empty())

@@ -28,9 +28,9 @@ public:
     // The root window of the display's default screen; 0 without a display.
     [[nodiscard]] quint32 root() const { return m_root; }
 
-    // To be held by another thread from a request to its reply. The reply wakes the event loop too,
-    // which waits for the lock: unable to read meanwhile, it would turn in circles, at times on the
-    // very core that the other thread needs.
+    // To be held from a request to its reply wherever another thread may ask. The reply wakes the
+    // event loop too, which waits for the lock: unable to read meanwhile, it would turn in circles,
+    // at times on the very core that the other thread needs.
     [[nodiscard]] std::unique_lock<std::mutex> lockReplies() const;
 
     // Handles the events that have arrived. A round trip reads events in passing without waking the
