@@ -16,6 +16,8 @@ namespace {
 
 constexpr auto startLimit = 1s;
 constexpr auto tailLimit = 150ms;
+// Of a stream's time, where the device delays: 5 ms were seen.
+constexpr auto timeError = 10ms;
 constexpr std::uint32_t fragmentBytes = WavFile::bytesPerSecond / 50;
 
 pa_buffer_attr fragments()
@@ -159,7 +161,7 @@ void PulseRecordingEngine::noteLead()
 }
 
 // How much of the stream has been spoken by now; what the server still holds of it comes later. The
-// stream's own time counts what the device delays, and lags where there is nothing to delay: there
+// stream's own time counts what the device delays, but lags where there is nothing to delay: there
 // what came soonest tells better. Without a time to go by, more than can come.
 std::uint64_t PulseRecordingEngine::bytesUntilNow()
 {
@@ -174,7 +176,7 @@ std::uint64_t PulseRecordingEngine::bytesUntilNow()
     };
     const std::lock_guard guard(m_mutex);
     const auto byTheClock = m_lead ? Clock::now() - m_startedAt + *m_lead : Clock::duration(0);
-    return std::max(bytes(std::chrono::microseconds(spoken)), bytes(byTheClock));
+    return std::max(bytes(std::chrono::microseconds(spoken) + timeError), bytes(byTheClock));
 }
 
 void PulseRecordingEngine::releaseStream()
