@@ -9,6 +9,7 @@ set(WRENFOLD_TEST_PREFIX "" CACHE STRING "What the names of a sanitized build's 
 function(_wrenfold_test_executable name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} wrenfold_test_support GTest::gmock
         wrenfold_warnings)
 endfunction()

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "Backends.h"
 
+#include "DBusColorSchemeWatch.h"
+#include "DBusTrayHostWatch.h"
 #include "MicrophonePermissionStore.h"
 #include "PulseAudioSystem.h"
-#include "SettingsPortal.h"
-#include "TrayHostMonitor.h"
 #include "X11ClipboardHandover.h"
 #include "X11Compositor.h"
 #include "X11HotKeyRegistrar.h"
@@ -24,13 +24,13 @@ Backends makeBackends()
         .modifiers = std::make_unique<X11ModifierMonitor>(*input),
         .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
         .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
-        .colorScheme = std::make_unique<SettingsPortal>(),
+        .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},
         .hasCompositor = &hasCompositor,
         .keyCharacters = &charactersTypedBy,
         .handOverClipboard = [] { handOverClipboard(); },
     };
-    backends.trayHosts.push_back(std::make_unique<TrayHostMonitor>());
+    backends.trayHosts.push_back(std::make_unique<DBusTrayHostWatch>());
     backends.trayHosts.push_back(std::make_unique<X11TrayWatch>());
     return backends;
 }

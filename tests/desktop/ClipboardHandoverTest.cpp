@@ -38,7 +38,7 @@ private:
         xcb_flush(m_connection.get());
     }
 
-    XcbConnection m_connection{[this](const void *message) { handle(message); }};
+    X11Connection m_connection{[this](const void *message) { handle(message); }};
 };
 
 const auto handOver = [] { handOverClipboard(); };

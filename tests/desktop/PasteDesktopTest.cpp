@@ -151,7 +151,7 @@ protected:
     X11InputConnection m_input;
     X11SyntheticKeyboard m_keyboard{m_input};
     FetchCounter m_fetches;
-    const XcbConnection m_other{[](const void *) {}};
+    const X11Connection m_other{[](const void *) {}};
     bool m_isTerminal = false;
     std::unique_ptr<BackgroundProcess> m_editor;
     QByteArray m_expected;

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "X11Connection.h"
 #include "X11Selections.h"
-#include "XcbConnection.h"
 
 #include <xcb/xcb.h>
 
 // Makes a window of the connection the owner of a selection and returns the selection's atom.
-inline xcb_atom_t ownSelection(const XcbConnection &connection, const QByteArray &name)
+inline xcb_atom_t ownSelection(const X11Connection &connection, const QByteArray &name)
 {
     auto *server = connection.get();
     const auto selection = X11Selections::atom(server, name);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "DBusColorSchemeWatch.h"
 #include "Process.h"
-#include "SettingsPortal.h"
 #include "WaitUntil.h"
 
 #include <QList>
@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 TEST(SettingsPortalTest, TellsTheSchemeAndItsChangesAndNothingWithoutAPortal)
 {
     QList<ColorScheme> told;
-    SettingsPortal settings;
+    DBusColorSchemeWatch settings;
     settings.start([&told](ColorScheme scheme) { told << scheme; });
     EXPECT_FALSE(waitUntil([&told] { return !told.isEmpty(); }, 300ms));
 
@@ -26,7 +26,7 @@ TEST(SettingsPortalTest, TellsTheSchemeAndItsChangesAndNothingWithoutAPortal)
         << "of a portal that came later";
 
     QList<ColorScheme> answered;
-    SettingsPortal later;
+    DBusColorSchemeWatch later;
     later.start([&answered](ColorScheme scheme) { answered << scheme; });
     EXPECT_TRUE(answered.isEmpty()) << "told from within start()";
     EXPECT_TRUE(waitUntil([&answered] { return answered == QList{ColorScheme::Dark}; }));

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "DBusTrayHostWatch.h"
 #include "Process.h"
 #include "SelectionOwner.h"
 #include "StatusMenu.h"
 #include "TemporaryHome.h"
-#include "TrayHostMonitor.h"
 #include "WaitUntil.h"
+#include "X11Connection.h"
 #include "X11Selections.h"
 #include "X11TrayWatch.h"
-#include "XcbConnection.h"
 
 #include <QRegularExpression>
 
@@ -43,7 +43,7 @@ protected:
     void SetUp() override
     {
         std::vector<std::unique_ptr<TrayHostWatch>> watches;
-        watches.push_back(std::make_unique<TrayHostMonitor>());
+        watches.push_back(std::make_unique<DBusTrayHostWatch>());
         watches.push_back(std::make_unique<X11TrayWatch>());
         m_menu.loadIcon();
         m_menu.setToolTip(u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
@@ -97,7 +97,7 @@ protected:
 };
 
 // What a panel of the older kind does when it comes up.
-void announceEmbeddingPanel(const XcbConnection &connection)
+void announceEmbeddingPanel(const X11Connection &connection)
 {
     auto *server = connection.get();
     const auto root = connection.root();
@@ -137,7 +137,7 @@ TEST_F(TrayTest, showsIconToolTipAndMenuOncePanelsAreThereAndCallsWhatIsChosen)
 TEST(EmbeddedTray, isFoundWheneverItComes)
 {
     for (const bool isEarly : {false, true}) {
-        const XcbConnection panel([](const void *) {});
+        const X11Connection panel([](const void *) {});
         bool isFound = false;
         if (isEarly)
             announceEmbeddingPanel(panel);

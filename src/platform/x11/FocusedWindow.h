@@ -1,8 +1,0 @@
-// SPDX-FileCopyrightText: 2026 The Wrenfold authors
-// SPDX-License-Identifier: MIT
-#pragma once
-
-class XcbConnection;
-
-// Whether the window that has the keyboard focus belongs to a terminal emulator.
-[[nodiscard]] bool isFocusedWindowTerminal(const XcbConnection &connection);

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "X11KeyboardMap.h"
+
+#include "X11Connection.h"
+#include "X11Reply.h"
+
+#include <algorithm>
+
+#include <X11/keysym.h>
+#include <xcb/xcb.h>
+// The header names a field "explicit".
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+std::optional<X11KeyboardMap> X11KeyboardMap::read(const X11Connection &connection)
+{
+    auto *const server = connection.get();
+    const auto replies = connection.lockReplies();
+    const xcb_xkb_device_spec_t keyboard = XCB_XKB_ID_USE_CORE_KBD;
+    const auto state = xcb_xkb_get_state(server, keyboard);
+    const auto map = xcb_xkb_get_map(server,
+                                     keyboard,
+                                     XCB_XKB_MAP_PART_KEY_SYMS, //
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0,
+                                     0);
+    const auto rows = xcb_get_modifier_mapping(server);
+    const X11Reply<xcb_xkb_get_state_reply_t> stateReply(
+        xcb_xkb_get_state_reply(server, state, nullptr));
+    const X11Reply<xcb_xkb_get_map_reply_t> mapReply(xcb_xkb_get_map_reply(server, map, nullptr));
+    const X11Reply<xcb_get_modifier_mapping_reply_t> rowsReply(
+        xcb_get_modifier_mapping_reply(server, rows, nullptr));
+    if (!stateReply || !mapReply || !rowsReply)
+        return std::nullopt;
+    X11KeyboardMap result;
+    result.m_currentLayout = stateReply->group;
+    result.readSymbols(mapReply.get());
+    result.readRows(rowsReply.get());
+    return result;
+}
+
+void X11KeyboardMap::readSymbols(const xcb_xkb_get_map_reply_t *reply)
+{
+    xcb_xkb_get_map_map_t parts{};
+    xcb_xkb_get_map_map_unpack(xcb_xkb_get_map_map(reply),
+                               0,
+                               reply->nKeySyms,
+                               0,
+                               0,
+                               0,
+                               0,
+                               0,
+                               0,
+                               0,
+                               reply->present,
+                               &parts);
+    std::size_t key = reply->firstKeySym;
+    auto keys = xcb_xkb_get_map_map_syms_rtrn_iterator(reply, &parts);
+    for (; keys.rem > 0 && key < m_symbols.size(); xcb_xkb_key_sym_map_next(&keys), ++key) {
+        const auto *const symbols = xcb_xkb_key_sym_map_syms(keys.data);
+        const std::size_t layouts = keys.data->groupInfo & 0x0fU;
+        for (std::size_t layout = 0; layout < layouts; ++layout)
+            m_symbols.at(key).push_back(symbols[layout * keys.data->width]);
+        m_layoutCount = std::max(m_layoutCount, layouts);
+    }
+}
+
+void X11KeyboardMap::readRows(const xcb_get_modifier_mapping_reply_t *reply)
+{
+    const auto *const keys = xcb_get_modifier_mapping_keycodes(reply);
+    for (std::size_t row = 0; row < rowCount; ++row)
+        for (std::size_t i = 0; i < reply->keycodes_per_modifier; ++i)
+            if (const auto key = keys[row * reply->keycodes_per_modifier + i])
+                m_rows.at(row).push_back(key);
+}
+
+const std::vector<quint8> &X11KeyboardMap::modifierKeys(std::size_t row) const
+{
+    return m_rows.at(row);
+}
+
+quint16 X11KeyboardMap::modifierBits(quint32 wanted, quint32 alternative) const
+{
+    unsigned bits = 0;
+    for (std::size_t row = FirstModRow; row < rowCount; ++row)
+        for (const auto key : m_rows.at(row))
+            if (const auto carried = symbol(key, 0); carried == wanted || carried == alternative)
+                bits |= 1U << row;
+    return static_cast<quint16>(bits);
+}
+
+std::optional<quint8> X11KeyboardMap::keyTyping(quint32 wanted) const
+{
+    for (std::size_t i = 0; i < m_layoutCount; ++i)
+        for (std::size_t key = 0; key < m_symbols.size(); ++key)
+            if (symbol(static_cast<quint8>(key), m_currentLayout + i) == wanted)
+                return static_cast<quint8>(key);
+    return std::nullopt;
+}
+
+bool X11KeyboardMap::isHeldModifier(quint8 key) const
+{
+    switch (symbol(key, 0)) {
+    case XK_Caps_Lock:
+    case XK_Shift_Lock:
+    case XK_Num_Lock:
+    case XK_Scroll_Lock:
+    case XK_ISO_Lock:
+        return false;
+    case XK_ISO_Level3_Shift:
+    case XK_ISO_Level5_Shift:
+    case XK_Mode_switch:
+        return true;
+    default:
+        return std::ranges::any_of(m_rows, [key](const std::vector<quint8> &keys) {
+            return std::ranges::count(keys, key) > 0;
+        });
+    }
+}
+
+quint32 X11KeyboardMap::symbol(quint8 key, std::size_t layout) const
+{
+    const auto &symbols = m_symbols.at(key);
+    return symbols.empty() ? XCB_NO_SYMBOL : symbols[layout % symbols.size()];
+}

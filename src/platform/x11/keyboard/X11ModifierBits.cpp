@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "X11ModifierBits.h"
+
+#include "X11KeyboardMap.h"
+
+#include <X11/keysym.h>
+#include <xcb/xcb.h>
+
+X11ModifierBits X11ModifierBits::of(const X11KeyboardMap &map)
+{
+    X11ModifierBits bits;
+    bits.super = map.modifierBits(XK_Super_L, XK_Super_R);
+    bits.alt = map.modifierBits(XK_Alt_L, XK_Alt_R);
+    bits.numLock = map.modifierBits(XK_Num_Lock, XK_Num_Lock);
+    bits.scrollLock = map.modifierBits(XK_Scroll_Lock, XK_Scroll_Lock);
+    return bits;
+}
+
+std::optional<quint16> X11ModifierBits::stateFor(quint32 modifiers) const
+{
+    unsigned state = 0;
+    for (const auto &[stored, bits] : {std::pair<quint32, quint16>{0x100, super},
+                                       {0x200, quint16{XCB_MOD_MASK_SHIFT}},
+                                       {0x800, alt},
+                                       {0x1000, quint16{XCB_MOD_MASK_CONTROL}}}) {
+        if ((modifiers & stored) == 0)
+            continue;
+        if (bits == 0)
+            return std::nullopt;
+        state |= bits;
+    }
+    return static_cast<quint16>(state);
+}
+
+std::vector<quint16> X11ModifierBits::lockCombinations() const
+{
+    std::vector<quint16> combinations{0};
+    for (const quint16 lock : {quint16{XCB_MOD_MASK_LOCK}, numLock, scrollLock}) {
+        const auto count = combinations.size();
+        for (std::size_t i = 0; i < count; ++i)
+            if ((combinations[i] & lock) != lock)
+                combinations.push_back(static_cast<quint16>(combinations[i] | lock));
+    }
+    return combinations;
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "SyntheticKeyboard.h"
+#include "X11KeyboardMap.h"
+
+#include <mutex>
+#include <optional>
+
+class X11InputConnection;
+
+// Posts the paste chord through the XTEST extension.
+class X11SyntheticKeyboard final : public SyntheticKeyboard
+{
+public:
+    explicit X11SyntheticKeyboard(X11InputConnection &input);
+    ~X11SyntheticKeyboard() override;
+
+    [[nodiscard]] bool isTrusted() const override;
+    [[nodiscard]] PasteChord pasteChordOfFocusedWindow() override;
+    [[nodiscard]] bool post(PasteChord chord) override;
+
+private:
+    X11InputConnection &m_input;
+    std::mutex m_mutex; // one chord at a time
+    std::optional<X11KeyboardMap> m_map; // what the latest choice of a chord has read, for its keys
+};
