@@ -31,12 +31,13 @@ quietly() {
     die "failed: $* (the whole output is in $log)"
 }
 
-# Runs a command and says how long it took.
+# Runs a command, says how long it took and fails as it did.
 timed() {
-    local what=$1 start=$SECONDS
+    local what=$1 start=$SECONDS failed=0
     shift
-    "$@"
+    "$@" || failed=$?
     echo "$what: $((SECONDS - start)) s"
+    return "$failed"
 }
 
 # Configures and builds one preset; further arguments name targets. Quiet unless it fails.
