@@ -36,19 +36,17 @@ DictationBenchmark::DictationBenchmark(Results &results)
     , m_application(Application::command())
 {
     m_log.waitFor("Launch finished.");
-    m_window.takeFocusBack(); // from the application's window, which opens at its launch
+    m_editor.takeFocusBack(); // from the application's window, which opens at its launch
 }
 
 void DictationBenchmark::measureShortOnes()
 {
     Measurement sample{.name = "Key press to first captured sample",
                        .unit = "ms",
-                       .values = {},
                        .peer = "parecord",
                        .goal = Measurement::Goal{.limit = 0.7}};
     Measurement text{.name = "Recognition answer to text in the focused window",
                      .unit = "ms",
-                     .values = {},
                      .peer = "curl, xclip, xdotool",
                      .goal = Measurement::Goal{.limit = 0.25}};
     FastMicrophone microphone;
@@ -70,7 +68,6 @@ void DictationBenchmark::measureMinutes()
 {
     Measurement request{.name = "Second key press to last byte of a minute's request",
                         .unit = "ms",
-                        .values = {},
                         .peer = "curl",
                         .goal = Measurement::Goal{.limit = 1.0}};
     m_services.keepBodies();
@@ -93,7 +90,7 @@ DictationBenchmark::Times DictationBenchmark::dictate(std::chrono::milliseconds 
     const auto secondPress = m_hotKey.press();
     const auto request = m_services.waitForRequest();
     times.pressToLastByte = milliseconds(secondPress, request.lastByte);
-    const auto arrival = m_window.waitForText(QString::fromUtf8(InstantServices::polishedText));
+    const auto arrival = m_editor.waitForText(QString::fromUtf8(InstantServices::polishedText));
     times.answerToText = milliseconds(request.answered, arrival);
     m_log.waitFor("Processing timing.");
     std::this_thread::sleep_for(100ms); // until it is ready for the next
@@ -150,7 +147,7 @@ double DictationBenchmark::glueToText()
                               xclip -selection clipboard && exec xdotool key ctrl+v)",
          "sh",
          "http://127.0.0.1:" + std::to_string(m_services.port()) + "/chat/completions"});
-    const auto arrival = m_window.waitForText(QString::fromUtf8(InstantServices::polishedText));
+    const auto arrival = m_editor.waitForText(QString::fromUtf8(InstantServices::polishedText));
     glue.waitForExit(); // or its keys stay down
     return milliseconds(glue.startedAt(), arrival);
 }

@@ -5,9 +5,9 @@
 #include "Application.h"
 #include "ChildProcess.h"
 #include "FileTail.h"
-#include "FocusedWindow.h"
 #include "HotKey.h"
 #include "InstantServices.h"
+#include "ReceivingEditor.h"
 #include "Results.h"
 
 // Measures dictations with Wrenfold beside what a user would otherwise glue together.
@@ -35,7 +35,7 @@ private:
 
     Results &m_results;
     InstantServices m_services;
-    FocusedWindow m_window;
+    ReceivingEditor m_editor;
     HotKey m_hotKey;
     FileTail m_log;
     Application::Recordings m_recordings;

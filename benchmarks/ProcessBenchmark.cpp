@@ -77,13 +77,13 @@ IdleFigures idleFigures(pid_t process)
     return figures;
 }
 
-struct HeldWindow
+struct WindowFigures
 {
     std::string widgetsOfPages;
     double memory = 0; // MB, proportional
 };
 
-HeldWindow holdWindow(const std::string &arguments)
+WindowFigures measureWindow(const std::string &arguments)
 {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
@@ -92,13 +92,13 @@ HeldWindow holdWindow(const std::string &arguments)
         / "wrenfold-bench-windows hold ";
     const ChildProcess holder({"sh", "-c", "exec " + program.string() + arguments}, ends[1]);
     close(ends[1]);
-    HeldWindow held;
+    WindowFigures figures;
     for (char sign = 0; read(ends[0], &sign, 1) == 1 && sign != '\n';)
-        held.widgetsOfPages += sign;
+        figures.widgetsOfPages += sign;
     close(ends[0]);
     std::this_thread::sleep_for(settling);
-    held.memory = megabytes(ProcessFigures::memory(holder.pid()).proportional);
-    return held;
+    figures.memory = megabytes(ProcessFigures::memory(holder.pid()).proportional);
+    return figures;
 }
 
 } // namespace
@@ -113,17 +113,13 @@ void ProcessBenchmark::measureStart()
 {
     Measurement registered{.name = "Launch to \"Hotkey registered.\"",
                            .unit = "ms",
-                           .values = {},
                            .peer = "CopyQ to tray",
                            .goal = Measurement::Goal{.limit = 0.6}};
-    Measurement finished{.name = "Launch to \"Launch finished.\"",
-                         .unit = "ms",
-                         .values = {},
-                         .peer = "CopyQ to tray"};
+    Measurement finished{
+        .name = "Launch to \"Launch finished.\"", .unit = "ms", .peer = "CopyQ to tray"};
     Measurement tray{.name = "Launch to tray icon", .unit = "ms", .values = {}, .peer = "CopyQ"};
     Measurement memory{.name = "Proportional memory after the launch, window not built",
                        .unit = "MB",
-                       .values = {},
                        .peer = "CopyQ",
                        .goal = Measurement::Goal{.limit = 0.7}};
     constexpr int runs = 16;
@@ -282,17 +278,14 @@ void ProcessBenchmark::measureWindowMemory()
 {
     Measurement process{.name = "Window: memory of a program that has it open",
                         .unit = "MB",
-                        .values = {},
                         .peer = "with a bare window",
                         .goal = Measurement::Goal{.limit = 1.5}};
-    Measurement window{.name = "Window: what of it the window adds",
-                       .unit = "MB",
-                       .values = {},
-                       .peer = "a bare window"};
+    Measurement window{
+        .name = "Window: what of it the window adds", .unit = "MB", .peer = "a bare window"};
     for (int run = 0; run < 3; ++run) {
-        const auto without = holdWindow("none").memory;
-        const auto own = holdWindow("own");
-        const auto bare = holdWindow("bare " + own.widgetsOfPages).memory;
+        const auto without = measureWindow("none").memory;
+        const auto own = measureWindow("own");
+        const auto bare = measureWindow("bare " + own.widgetsOfPages).memory;
         process.values.push_back(own.memory);
         process.peerValues.push_back(bare);
         window.values.push_back(own.memory - without);

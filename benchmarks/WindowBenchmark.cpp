@@ -116,12 +116,10 @@ void WindowBenchmark::measureHistory()
 {
     Measurement opened{.name = "History: open 200 x 10 KB",
                        .unit = "ms",
-                       .values = {},
                        .peer = "bare QListView",
                        .goal = Measurement::Goal{.limit = 100, .isRatio = false}};
     Measurement scrolled{.name = "History: scroll frame",
                          .unit = "ms",
-                         .values = {},
                          .peer = "bare QListView",
                          .goal = Measurement::Goal{.limit = 1.0}};
     const QTemporaryDir home;
@@ -155,7 +153,6 @@ void WindowBenchmark::measureDictionary()
 {
     Measurement reflow{.name = "Dictionary: reflow of 300 chips",
                        .unit = "ms",
-                       .values = {},
                        .goal = Measurement::Goal{.limit = 1000.0 / 60, .isRatio = false}};
     QStringList terms;
     for (int i = 0; i < 300; ++i)
@@ -175,7 +172,6 @@ void WindowBenchmark::measurePrompt()
 {
     Measurement key{.name = "Prompt: a key in 100 KB",
                     .unit = "ms",
-                    .values = {},
                     .peer = "bare QPlainTextEdit",
                     .goal = Measurement::Goal{.limit = 1.1}};
     for (int run = 0; run < runs; ++run) {
@@ -190,7 +186,6 @@ void WindowBenchmark::measureWindow()
     const auto row = [](const char *name, double limit) {
         return Measurement{.name = name,
                            .unit = "ms",
-                           .values = {},
                            .peer = "bare window",
                            .goal = Measurement::Goal{.limit = limit, .isRatio = false}};
     };

@@ -19,7 +19,7 @@ struct Measurement
 
     std::string name;
     std::string unit;
-    std::vector<double> values;
+    std::vector<double> values = {};
     std::string peer = {};
     std::vector<double> peerValues = {};
     std::optional<Goal> goal = {};

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "FocusedWindow.h"
+#include "ReceivingEditor.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -22,7 +22,7 @@ bool runUntil(const std::function<bool()> &condition)
 
 } // namespace
 
-FocusedWindow::FocusedWindow()
+ReceivingEditor::ReceivingEditor()
 {
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
         if (!m_arrivedAt)
@@ -34,7 +34,7 @@ FocusedWindow::FocusedWindow()
         throw std::runtime_error("the editor does not get the focus");
 }
 
-void FocusedWindow::takeFocusBack()
+void ReceivingEditor::takeFocusBack()
 {
     if (!runUntil([this] { return !isActiveWindow(); }))
         throw std::runtime_error("no other window took the focus");
@@ -43,7 +43,7 @@ void FocusedWindow::takeFocusBack()
         throw std::runtime_error("the editor does not get the focus back");
 }
 
-Instant FocusedWindow::waitForText(const QString &expected)
+Instant ReceivingEditor::waitForText(const QString &expected)
 {
     if (!runUntil([this] { return m_arrivedAt.has_value(); }))
         throw std::runtime_error("no text arrived in the editor");

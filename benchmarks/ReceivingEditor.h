@@ -9,12 +9,12 @@
 #include <optional>
 
 // An editor that has the focus and notes when text arrives in it.
-class FocusedWindow final : public QPlainTextEdit
+class ReceivingEditor final : public QPlainTextEdit
 {
     Q_OBJECT
 public:
     // Returns once the window has the focus. Throws std::runtime_error.
-    FocusedWindow();
+    ReceivingEditor();
 
     // Waits until another window, about to open, has taken the focus, and takes it back. Throws
     // std::runtime_error.
