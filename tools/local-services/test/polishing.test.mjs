@@ -70,22 +70,13 @@ function isAhead(source, word) {
     return false;
 }
 
-/** The application's prompts, out of its source. */
-function builtInPrompts() {
-    const file = new URL('../../../src/data/PromptLibrary.cpp', import.meta.url);
-    return [...readFileSync(file, 'utf8').matchAll(/\.text =\s*((?:\s*u?"[^"]*"(?:_s)?)+)/g)].map(
-        ([, text]) =>
-            [...text.matchAll(/"([^"]*)"/g)]
-                .map(([, part]) => part.replaceAll('\\n', '\n'))
-                .join(''),
-    );
-}
-
 test('The prompt decides about paragraphs, and about nothing else', () => {
     const said = 'One thing. Then another. We stop. Finally it ends.';
-    const [clean, script, structured] = builtInPrompts().map((prompt) =>
-        polish(said, paragraphing(prompt)),
-    );
+    const [clean, script, structured] = ['clean', 'script', 'structured'].map((name) => {
+        const file = new URL(`../../../resources/prompts/builtin.${name}.txt`, import.meta.url);
+        // As the application reads it: the last line feed is the file's.
+        return polish(said, paragraphing(readFileSync(file, 'utf8').slice(0, -1)));
+    });
     assert.equal(clean, 'One thing.\nThen another.\nWe stop.\nFinally it ends.');
     assert.equal(script, 'One thing. Then another.\n\nWe stop. Finally it ends.');
     assert.equal(structured, 'One thing.\n\nThen another. We stop.\n\nFinally it ends.');

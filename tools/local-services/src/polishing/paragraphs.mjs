@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import { createHash } from 'node:crypto';
+import { builtInPrompt } from './built-in-prompts.mjs';
 
 /** Sentences in one paragraph, with blanks where the marks bring no space of their own. */
 const run = (sentences) =>
@@ -33,13 +33,12 @@ const lines = (sentences) => sentences.join('\n');
 const pairs = (sentences) => grouped(sentences, (_, index) => index % 2 === 0).join('\n\n');
 const steps = (sentences) => grouped(sentences, (sentence) => step.test(sentence)).join('\n\n');
 
-// By the SHA-256 of the application's own prompts: everyday text, a script to be spoken, and a
-// structured report.
-const byPrompt = {
-    '3901d913d5e152dfc6400457c530f7ccf34585d4b8ec1a4127ab355425ac7218': lines,
-    '8c60e35013143a7e8d07a27a03322788b8240a0b75e15b93d9d2fdacecd69e9a': pairs,
-    '7777f108a461594bd8e05db761394b905423ea920fbd5ed150de28a1a16aad5d': steps,
-};
+// Everyday text, a script to be spoken, and a structured report.
+const byPrompt = new Map([
+    [builtInPrompt('builtin.clean'), lines],
+    [builtInPrompt('builtin.script'), pairs],
+    [builtInPrompt('builtin.structured'), steps],
+]);
 
 /**
  * How sentences are put together for a system message: for the application's own prompts a sentence
@@ -49,6 +48,5 @@ const byPrompt = {
  * @returns {function(string[]): string}
  */
 export function paragraphing(prompt) {
-    const digest = createHash('sha256').update(prompt).digest('hex');
-    return byPrompt[digest] ?? run;
+    return byPrompt.get(prompt) ?? run;
 }
