@@ -1,61 +1,87 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-// Nothing of a word before and behind.
-const alone = (words) => `(?<![\\p{sc=Latin}\\p{N}'’-])(?:${words})(?![\\p{sc=Latin}\\p{N}'’-])`;
+import { breaksOff } from './clauses.mjs';
+import { alone } from './plain-words.mjs';
+import { auxiliaries } from './words/auxiliaries.mjs';
+import * as words from './words/filler-words.mjs';
+import { prepositions } from './words/prepositions.mjs';
+import { questionWords } from './words/refused-words.mjs';
 
-// Sounds that are no words. "uh-huh" and "uh oh" are; capitals are an abbreviation.
-const sounds = alone('[Uu]m+|[Uu]hm*(?![ -](?:huh|oh)\\b)|[Ee]rm?|[Hh]m+|[Mm]mm+');
-// 嗯嗯 means yes, the other two are part of words.
-const hanSounds = '(?<!嗯)嗯(?!嗯|哼)|呃+';
-const hanSoundsSetOff = '(?<![\\p{L}\\p{N}])[额啊诶欸唔](?=[\\s，,、。.…]|$)';
-// Words that mean something unless commas or pauses set them off.
-const phrases = '[Yy]ou know|I mean';
-const hanPhrases = '那个|这个|就是说?|怎么说呢?|然后呢';
-
+// A filler has a comma of its own on either side, or none.
 const before = '([,，、]?\\s*)';
 const behind = '(\\s*[,，、…]*\\s*)';
+const sentenceStart = '(?<=^|[.!?。！？]\\s*)';
+const more = '(?=["“]?[\\p{L}\\p{N}])';
 
-const anywhere = new RegExp(
-    `${before}(?:${sounds}|${hanSounds}|${hanSoundsSetOff})${behind}`,
+const wholeSentence = new RegExp(
+    `${sentenceStart}(?:${alone(words.hesitations)}|${words.hanHesitations})(?:\\.+|。|…+)\\s*${more}`,
     'gu',
 );
-const setOff = [
-    new RegExp(`(^|[,.!?;]\\s*)(?:${phrases})(\\s*,\\s*)`, 'gu'),
-    new RegExp(`(,\\s*)(?:${phrases})(\\s*)(?=[.!?]|$)`, 'gu'),
-    new RegExp(`(^|[，,、。！？.!?]\\s*|\\s)(?:${hanPhrases})(\\s*[，,、…]+\\s*)`, 'gu'),
-];
+const sound =
+    `(?:${alone(`${words.hesitations}|${words.answers}`)}|${words.hanHesitations}|` +
+    `${words.hanAnswers}|${words.hanAnswersSetOff})`;
+const sounds = new RegExp(`${before}(${sound}(?:[\\s,，、…]*${sound})*)${behind}`, 'gu');
+const questionWord = new RegExp(alone([...questionWords].join('|')), 'u');
+const question = alone([...auxiliaries].join('|'));
+// "I mean" corrects what was said before, where something was.
+const opening = new RegExp(
+    `(?:^I mean|${sentenceStart}[Yy]ou know)(?:, (?:you know|I mean))*, (?!${question})${more}|` +
+        `${sentenceStart}那个(?:[，,、]\\s*(?=${words.hanRequests})|\\s*(?:…|\\.{3,})+\\s*${more})`,
+    'gu',
+);
+const youKnow = new RegExp(`(,\\s*)you know(\\s*,\\s*${more}|(?=\\s*(?:[.!?]|$)))`, 'gu');
+const hanPhrase = new RegExp(
+    `(?<=^|[，,、。！？.!?]\\s*)(?:${words.hanPhrases})\\s*[，,、…]+\\s*${more}`,
+    'gu',
+);
 
-const clauseStart =
-    /^(?:i|you|he|she|we|they|it|this|that|there|and|but|or|so|because|which|who|then|if|when)\b/i;
+/** What is around a match, as much of it as the rules look at. */
+function surroundings(whole, offset, length) {
+    const end = offset + length;
+    return [whole.slice(Math.max(0, offset - 80), offset).trimEnd(), whole.slice(end, end + 20)];
+}
 
-/** What is left where a filler was: a comma only where two clauses would run together. */
-function seam(match, left, right, offset, whole) {
-    const mark = left.match(/^[.!?;。！？]/u)?.[0] ?? ''; // the end of the sentence before
-    // A few characters tell enough, however long the text.
-    const head = (whole.slice(Math.max(0, offset - 4), offset) + mark).trimEnd();
-    const rest = whole.slice(offset + match.length, offset + match.length + 12);
-    if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest)) return mark;
-    if (/["“(（]$/u.test(head)) return mark;
-    if (/[.!?;。！？]$/u.test(head)) return /[.!?;]$/.test(head) ? `${mark} ` : mark;
-    const hadComma = /[,，、]/u.test(left + right);
-    const isHan = /\p{sc=Han}$/u.test(head) || /^\p{sc=Han}/u.test(rest);
-    if (isHan) return hadComma ? '，' : ' ';
-    return hadComma && clauseStart.test(rest) ? ', ' : ' ';
+/** What is left where a filler was; a comma stays unless the words beside it belong together. */
+function seam(head, marks, rest) {
+    if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest) || /["“(（：。！？]$/u.test(head)) return '';
+    if (/[.!?;:…]$/u.test(head)) return ' ';
+    const comma = marks.match(/[,，、]/u)?.[0];
+    if (!comma) return ' ';
+    if (comma !== ',') return comma;
+    const [next] = rest.match(/^[\p{sc=Latin}'’]+/u) ?? [];
+    return breaksOff(head) || prepositions.has(next) ? ' ' : ', ';
+}
+
+function withoutSound(match, left, sound, right, offset, whole) {
+    const [head, rest] = surroundings(whole, offset, match.length);
+    const isSentence = /(?:^|[.!?。！？])$/u.test(head) && /^(?:$|[.!?。！？])/u.test(rest);
+    const isQuoted = /["“‘「（(—–-]$/u.test(head) && /^["”’」）)—–-]/u.test(rest);
+    const mark = left.trim() || right.trim();
+    const isMentioned = !left.trim() && words.mentioning.test(head + left);
+    const isVerb = !mark && words.verbEndings.test(rest);
+    return isSentence || isQuoted || isMentioned || isVerb ? match : seam(head, left + right, rest);
+}
+
+/** It is meant in "what he wants, you know" and "if you know, you know", perhaps in "you, you know". */
+function withoutYouKnow(match, left, right, offset, whole) {
+    const [head, rest] = surroundings(whole, offset, match.length);
+    const clauses = head.toLowerCase().match(/[^.!?]*$/)[0];
+    const isMeant = /\byou(?: know)?$/.test(clauses) || questionWord.test(clauses);
+    return isMeant ? match : seam(head, left + right, rest);
 }
 
 /**
  * Takes out sounds of hesitation, and words that only fill a pause.
  *
  * @param {string} text in one line
- * @returns {string} perhaps empty
+ * @returns {string}
  */
-export function removeFillers(text) {
-    // A filler that is taken out can set off the next one.
-    for (let last; last !== text;) {
-        last = text;
-        for (const pattern of [anywhere, ...setOff]) text = text.replace(pattern, seam);
-    }
-    // Quotes are left empty where only a filler was in them.
-    return text.replace(/["“]["”][,，]?\s*/gu, '').trim();
-}
+export const removeFillers = (text) =>
+    text
+        .replace(wholeSentence, '')
+        .replace(sounds, withoutSound)
+        .replace(opening, '')
+        .replace(youKnow, withoutYouKnow)
+        .replace(hanPhrase, '')
+        .trim();

@@ -7,7 +7,9 @@ import { builtInPrompt } from './built-in-prompts.mjs';
 const run = (sentences) =>
     sentences
         .map((sentence, index) => {
-            const isTight = index === 0 || /[。！？…”）]$/u.test(sentences[index - 1]);
+            const isTight =
+                index === 0 ||
+                (/[。！？…”）]$/u.test(sentences[index - 1]) && !sentence.startsWith('"'));
             return isTight ? sentence : ` ${sentence}`;
         })
         .join('');

@@ -1,10 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-// A polisher of fixed rules. It understands nothing: it takes words out and never puts one in.
+// A polisher of fixed rules. It understands nothing: it takes words out and never puts one in, and
+// only those that cannot have been meant. Where it cannot tell, they stay.
 
 import { removeFillers } from './fillers.mjs';
+import { removeHanRepeats } from './han-repeats.mjs';
 import { punctuate } from './punctuation.mjs';
 import { removeRepeats } from './repeats.mjs';
+
+const rules = [removeFillers, removeRepeats, removeHanRepeats];
 
 /**
  * Takes out fillers and repeats and writes what is left as sentences.
@@ -14,8 +18,11 @@ import { removeRepeats } from './repeats.mjs';
  * @returns {string} empty only when the transcript is
  */
 export function polish(transcript, paragraphing) {
-    const text = transcript.replace(/\s+/gu, ' ').trim();
-    const kept = removeRepeats(removeFillers(removeRepeats(text)));
-    // Who only said "嗯" meant it.
-    return paragraphing(punctuate(/[\p{L}\p{N}]/u.test(kept) ? kept : text));
+    let text = transcript.replace(/\s+/gu, ' ').trim();
+    // What one rule takes out can bring together what another one sees.
+    for (let last; last !== text;) {
+        last = text;
+        text = rules.reduce((kept, rule) => rule(kept), text);
+    }
+    return paragraphing(punctuate(text));
 }

@@ -1,75 +1,73 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
+import { alone, splitAtPaths } from './plain-words.mjs';
 import { isChinese } from './scripts.mjs';
+import { sentencesOf } from './sentences.mjs';
+import { abbreviated, pointed } from './words/abbreviations.mjs';
 
 const wide = { ',': '，', '.': '。', '?': '？', '!': '！', ':': '：', ';': '；' };
 const narrow = Object.fromEntries(Object.entries(wide).map(([from, to]) => [to, from]));
 narrow['、'] = ',';
 
-// Between letters or digits a mark belongs to a number, an address or a time.
-const halfMarks = /\s*(?<![\p{sc=Latin}\p{N}](?=[.,:][\p{sc=Latin}\p{N}]))(\.{3,}|[,.?!:;])\s*/gu;
+// Marks that belong to no number, time, address or name of a file.
+const halfMarks =
+    /\s*(\.{3,}|(?<![!-~](?=[,.?!:;][!-~]))(?!\.[\p{sc=Latin}\p{N}])[,.?!:;])\s*/gu;
+
+function widened(all, mark, offset, sentence) {
+    const head = sentence.slice(Math.max(0, offset - 8), offset + 1);
+    const isLast = offset + all.length === sentence.length;
+    if (pointed.test(head) || (abbreviated.test(head) && !isLast)) return all;
+    return mark.length > 1 ? '……' : wide[mark];
+}
 
 /** The marks of one sentence, as its language writes them. */
 function marks(sentence) {
     if (isChinese(sentence))
         return sentence
-            .replace(halfMarks, (all, mark) => (mark.length > 1 ? '……' : wide[mark]))
+            .replace(halfMarks, widened)
             .replace(/\s+(?=[，。？！：；、])/gu, '');
     return sentence
-        .replace(/\s*([，。？！：；、])\s*/gu, (all, mark) => `${narrow[mark]} `)
+        .replace(/\s*([，。？！：；、])\s*(["”’)）]?)/gu, (all, mark, close) => narrow[mark] + close + ' ')
         .replace(/\s+(?=[,.?!:;](?:\s|$))/gu, '');
 }
 
+// The number in the name of a file (报告2.docx) stays where it is.
+const seams =
+    /(?<=\p{sc=Han})(?!\p{N}+\.\p{L})(?=[\p{sc=Latin}\p{N}])|(?<=[\p{sc=Latin}\p{N}%])(?=\p{sc=Han})/gu;
+
 /** A blank between Han and Latin letters or digits, and none between Han characters. */
 const spacing = (text) =>
-    text
-        .replace(/(?<=\p{sc=Han})\s+(?=\p{sc=Han})/gu, '')
-        .replace(
-            /(?<=\p{sc=Han})(?=[\p{sc=Latin}\p{N}])|(?<=[\p{sc=Latin}\p{N}%])(?=\p{sc=Han})/gu,
-            ' ',
+    splitAtPaths(text)
+        .map((part, index) =>
+            index % 2
+                ? part
+                : part
+                      .replace(/(?<=\p{sc=Han})\s+(?=\p{sc=Han})/gu, '')
+                      .replace(seams, ' ')
+                      .replace(/ {2,}/g, ' '),
         )
-        .replace(/ {2,}/g, ' ');
+        .join('');
 
 const ending = /[.!?。！？…：:;；"”’)）]$/u;
+const address = /^\S*[^\s\p{P}][/\\@.:_]+[^\s\p{P}]\S*$/u;
 
 // At the beginning; iPhone, addresses and names of files are no plain words.
-const plainWord = /^["“(]?\p{Ll}[\p{Ll}'’]*(?=(?:-[\p{Ll}'’]+)*[,;:.!?)"”…]*(?:\s|$))/u;
+const plainStart = /^["“(]?\p{Ll}[\p{Ll}'’]*(?=(?:-[\p{Ll}'’]+)*[,;:.!?)"”…]*(?:\s|$))/u;
+const smallI = new RegExp(alone("i(?:['’](?:m|ll|ve|d))?"), 'gu');
 
-function capitals(sentence) {
-    const withI = sentence.replace(
-        /(?<![\p{L}\p{N}.'’-])i(?=['’](?:m|ll|ve|d)\b|[\s,.?!]|$)/gu,
-        'I',
-    );
-    return withI.replace(plainWord, (word) =>
-        word.replace(/\p{Ll}/u, (letter) => letter.toUpperCase()),
-    );
-}
+const raised = (word) => word.replace(/\p{Ll}/u, (letter) => letter.toUpperCase());
+const capitals = (sentence) => sentence.replace(smallI, raised).replace(plainStart, raised);
 
 function finished(sentence) {
     const trimmed = spacing(marks(sentence))
         .trim()
         .replace(/[,，、]$/u, '');
-    if (isChinese(trimmed)) return ending.test(trimmed) ? trimmed : `${trimmed}。`;
+    if (isChinese(trimmed))
+        return ending.test(trimmed) ? trimmed : trimmed + (/吗$/u.test(trimmed) ? '？' : '。');
     const written = capitals(trimmed);
-    return ending.test(written) || !/[\p{L}\p{N}]/u.test(written) ? written : `${written}.`;
-}
-
-const abbreviation = /(?:^|[\s(])(?:Mr|Mrs|Ms|Dr|Prof|St|vs|etc|e\.g|i\.e|\p{Lu})\.$/u;
-
-/** Sentences as the marks part them; a point only before a blank, and not after an abbreviation. */
-function sentencesOf(text) {
-    const parts = text.match(/.+?(?:[。！？!?]+["”’)）]*|\.+["”’)）]*(?=\s|$)|$)/gsu) ?? [];
-    const sentences = [];
-    let open = '';
-    for (const part of parts) {
-        open += part;
-        if (abbreviation.test(part.slice(-8))) continue;
-        sentences.push(open);
-        open = '';
-    }
-    sentences.push(open);
-    return sentences.map((sentence) => sentence.trim()).filter(Boolean);
+    const isOpen = /[\p{L}\p{N}]/u.test(written) && !ending.test(written);
+    return isOpen && !address.test(written) ? `${written}.` : written;
 }
 
 /**

@@ -1,58 +1,86 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-const words = (text) => new Set(text.split(' '));
+import { carriesOn } from './clauses.mjs';
+import { alone } from './plain-words.mjs';
+import { auxiliaries } from './words/auxiliaries.mjs';
+import { asides, leadingAcrossComma } from './words/leading-words.mjs';
+import { openingWords } from './words/opening-words.mjs';
+import { prepositions } from './words/prepositions.mjs';
+import { negations, questionWords } from './words/refused-words.mjs';
 
-// Said twice on purpose, or because the language wants it.
-const meantTwice = words(
-    'had that very really so no yes yeah bye ha never much many far long well ' +
-        'again more thanks knock hear now there is',
-);
-const numbers = words(
-    'zero oh one two three four five six seven eight nine ten eleven twelve ' +
-        'thirteen fourteen fifteen sixteen seventeen eighteen nineteen twenty thirty forty fifty ' +
-        'sixty seventy eighty ninety hundred thousand million point',
-);
-const edgeLeft = "(?<![\\p{sc=Latin}\\p{N}'’-])";
-const edgeRight = "(?![\\p{sc=Latin}\\p{N}'’-])";
-const word = "[\\p{sc=Latin}'’]+";
+const longestPhrase = 4;
+const plainWord = new RegExp(alone("\\p{sc=Latin}[\\p{sc=Latin}'’]*"), 'gu');
+const clauseStart = /(?:^|[,.;:!?…，。；：！？、“(（]\s*|\s")$/u;
 
-const twice = new RegExp(`${edgeLeft}(${word}(?: ${word}){0,3})(?:,? \\1)+${edgeRight}`, 'giu');
+/** The plain words, each with its key for comparing and what stands before it. */
+function wordsOf(text) {
+    let end = 0;
+    const words = [...text.matchAll(plainWord)].map((match) => {
+        const before = text.slice(end, match.index);
+        end = match.index + match[0].length;
+        const key = match[0].toLowerCase().replaceAll('’', "'");
+        return { text: match[0], key, before, opens: clauseStart.test(before) };
+    });
+    return { words, tail: text.slice(end) };
+}
 
-const hanSmall =
-    '我们|你们|他们|她们|咱们|这个|那个|这些|那些|然后|因为|所以|但是|如果|就是|今天|明天|现在|' +
-    '已经|应该|需要|还是|不是|[我你他她它这那就把]';
-const hanSmallTwice = new RegExp(`(${hanSmall})(?:[，,、 ]?\\1)+`, 'gu');
-// Two characters twice can be a word (研究研究); three are a new start, unless they count.
-const hanPhraseTwice = /([\p{sc=Han}]{3,10})(?:[，,、 ]?\1)+/gu;
-const hanNumber = /[零〇一二三四五六七八九十百千万亿两]/;
+const isName = ({ text }) => /^\p{Lu}/u.test(text) && !/^I(?:['’]|$)/.test(text);
 
-function isMeant(phrase) {
-    const parts = phrase.toLowerCase().split(' ');
-    const isSpelling = (part) => part.length === 1 && part !== 'i' && part !== 'a';
+/** Whether one word is said again by someone who looks for the next one. */
+function isWordAgain(word, previous, hasComma, follow) {
+    if (asides.test(`${word.key} ${follow}`)) return false;
+    // A letter before a letter spells something.
+    if (word.key === 'a' && /^.(?![\p{L}\p{N}])/u.test(follow)) return false;
+    if (hasComma && !leadingAcrossComma.has(word.key)) return false;
     return (
-        (new Set(parts).size === 1 && meantTwice.has(parts[0])) ||
-        parts.some((part) => numbers.has(part) || isSpelling(part))
+        carriesOn(word.key, previous?.key, hasComma) ||
+        (!hasComma && word.opens && openingWords.has(word.key))
     );
 }
 
-/** Whether it has a capital in the middle of a sentence. */
-const isName = (phrase) => /(?:^| )(?!I\b)\p{Lu}/u.test(phrase);
+/** Whether a phrase is a start that was given up: it breaks off where a clause cannot end. */
+function isStartAgain(phrase, follow) {
+    const isRefused = ({ key }) =>
+        questionWords.has(key) || negations.has(key) || key.endsWith("n't");
+    if (phrase.some(isRefused)) return false;
+    // more and more and more
+    if (follow.toLowerCase().match(/^[\p{L}'’]*/u)[0] === phrase[0].key) return false;
+    const { key } = phrase.at(-1);
+    const canEnd = auxiliaries.has(key) || prepositions.has(key);
+    return canEnd ? phrase[0].opens : carriesOn(key, phrase.at(-2).key, false);
+}
 
-const isKept = (all, phrase) =>
-    isMeant(phrase) || (all.includes(',') && isName(all.slice(-phrase.length)));
+/** Whether a phrase is said again right behind itself, and only one of the two was meant. */
+function isAgain(phrase, second, previous, follow) {
+    if (phrase.some(({ key }, index) => key !== second[index]?.key)) return false;
+    const inner = [...phrase.slice(1), ...second.slice(1)];
+    if (inner.some(({ before }) => before !== ' ')) return false;
+    if (second.some(isName) || !/^[\p{L}\p{N}]/u.test(follow)) return false;
+    const hasComma = second[0].before === ', ';
+    if (phrase.length === 1 && (hasComma || second[0].before === ' '))
+        return isWordAgain(phrase[0], previous, hasComma, follow);
+    return second[0].before === ' ' && phrase.length > 1 && isStartAgain(phrase, follow);
+}
 
 /**
- * Leaves one of several equal words or phrases in a row, as they come from starting anew. What is
- * often meant, and numbers, stay.
+ * Leaves one of several equal words or phrases in a row, where the first can only have been a start
+ * that was given up. All others can be meant, and stay.
  *
  * @param {string} text in one line
  */
 export function removeRepeats(text) {
-    return text
-        .replace(twice, (all, phrase) => (isKept(all, phrase) ? all : phrase))
-        .replace(hanSmallTwice, '$1')
-        .replace(hanPhraseTwice, (all, phrase) =>
-            hanNumber.test(phrase) || new Set(phrase).size === 1 ? all : phrase,
-        );
+    const { words, tail } = wordsOf(text);
+    const kept = []; // from the last to the first
+    const ahead = (from, count) => kept.slice(-from - count, -from || undefined).reverse();
+    for (let at = words.length - 1; at >= 0; --at) {
+        kept.push(words[at]);
+        for (let size = Math.min(longestPhrase, kept.length >> 1); size > 0; --size) {
+            const behind = kept.length > 2 * size ? ahead(2 * size, 2) : [];
+            const follow = behind.map((word) => word.before + word.text).join('') || tail;
+            if (isAgain(ahead(0, size), ahead(size, size), words[at - 1], follow.replace(/^ /, '')))
+                kept.splice(-2 * size, size);
+        }
+    }
+    return kept.reduceRight((all, { before, text }) => all + before + text, '') + tail;
 }

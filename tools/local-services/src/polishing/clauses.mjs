@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+
+import { auxiliaries } from './words/auxiliaries.mjs';
+import { contractions, leadingAcrossComma, leadingWords, subjects } from './words/leading-words.mjs';
+
+const comparing = new Set(['than', 'as', 'not']);
+const joining = new Set(['and', 'or', 'but', 'nor']);
+
+/**
+ * Whether a clause cannot end with a word, so that what follows belongs to it.
+ *
+ * @param {string} word in lower case
+ * @param {string} [previous] the one before it, in lower case
+ * @param {boolean} hasComma whether a comma follows, as it may in "you and I, I think"
+ */
+export function carriesOn(word, previous, hasComma) {
+    if (subjects.has(word))
+        return !(
+            auxiliaries.has(previous) ||
+            comparing.has(previous) ||
+            (hasComma && joining.has(previous))
+        );
+    return leadingWords.has(word) || leadingAcrossComma.has(word) || contractions.test(word);
+}
+
+/** Whether a text breaks off where no clause can end: "send it to the", "we should", "do not". */
+export function breaksOff(text) {
+    const said = text.toLowerCase().match(/(?:[\p{sc=Latin}'’]+ )*[\p{sc=Latin}'’]+$/u)?.[0].split(' ');
+    if (!said) return false;
+    const [last, verb] = [said.at(-1), said.findLast((word) => word !== 'not')];
+    const isShort = said.filter((word) => word !== 'not').length <= 2;
+    return carriesOn(last, said.at(-2), false) || (isShort && auxiliaries.has(verb));
+}
