@@ -2,7 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 import { auxiliaries } from './words/auxiliaries.mjs';
-import { contractions, leadingAcrossComma, leadingWords, subjects } from './words/leading-words.mjs';
+import {
+    contractions,
+    leadingAcrossComma,
+    leadingWords,
+    subjects,
+} from './words/leading-words.mjs';
 
 const comparing = new Set(['than', 'as', 'not']);
 const joining = new Set(['and', 'or', 'but', 'nor']);
@@ -26,9 +31,9 @@ export function carriesOn(word, previous, hasComma) {
 
 /** Whether a text breaks off where no clause can end: "send it to the", "we should", "do not". */
 export function breaksOff(text) {
-    const said = text.toLowerCase().match(/(?:[\p{sc=Latin}'’]+ )*[\p{sc=Latin}'’]+$/u)?.[0].split(' ');
-    if (!said) return false;
-    const [last, verb] = [said.at(-1), said.findLast((word) => word !== 'not')];
-    const isShort = said.filter((word) => word !== 'not').length <= 2;
-    return carriesOn(last, said.at(-2), false) || (isShort && auxiliaries.has(verb));
+    const [clause] = text.toLowerCase().match(/[\p{sc=Latin}'’ ]*$/u);
+    const said = clause.replaceAll('’', "'").trim().split(' ');
+    if (carriesOn(said.at(-1), said.at(-2), false)) return true;
+    const meant = said.filter((word) => word !== 'not');
+    return meant.length <= 2 && auxiliaries.has(meant.at(-1));
 }

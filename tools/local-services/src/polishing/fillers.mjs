@@ -14,8 +14,9 @@ const behind = '(\\s*[,，、…]*\\s*)';
 const sentenceStart = '(?<=^|[.!?。！？]\\s*)';
 const more = '(?=["“]?[\\p{L}\\p{N}])';
 
+const hesitation = `(?:${alone(words.hesitations)}|${words.hanHesitations})`;
 const wholeSentence = new RegExp(
-    `${sentenceStart}(?:${alone(words.hesitations)}|${words.hanHesitations})(?:\\.+|。|…+)\\s*${more}`,
+    `${sentenceStart}${hesitation}(?:\\.+|。|…+)\\s*${more}`,
     'gu',
 );
 const sound =
@@ -63,7 +64,7 @@ function withoutSound(match, left, sound, right, offset, whole) {
     return isSentence || isQuoted || isMentioned || isVerb ? match : seam(head, left + right, rest);
 }
 
-/** It is meant in "what he wants, you know" and "if you know, you know", perhaps in "you, you know". */
+/** In "what he wants, you know" and "if you know, you know" it is meant. */
 function withoutYouKnow(match, left, right, offset, whole) {
     const [head, rest] = surroundings(whole, offset, match.length);
     const clauses = head.toLowerCase().match(/[^.!?]*$/)[0];

@@ -3,15 +3,15 @@
 
 import { builtInPrompt } from './built-in-prompts.mjs';
 
+/** A straight quote at the beginning opens, and so wants the blank. */
+const isTight = (last, next) => /[。！？…”）]$/u.test(last) && !next.startsWith('"');
+
 /** Sentences in one paragraph, with blanks where the marks bring no space of their own. */
 const run = (sentences) =>
     sentences
-        .map((sentence, index) => {
-            const isTight =
-                index === 0 ||
-                (/[。！？…”）]$/u.test(sentences[index - 1]) && !sentence.startsWith('"'));
-            return isTight ? sentence : ` ${sentence}`;
-        })
+        .map((sentence, index) =>
+            index === 0 || isTight(sentences[index - 1], sentence) ? sentence : ` ${sentence}`,
+        )
         .join('');
 
 // What begins a new step of a train of thought.

@@ -11,10 +11,11 @@ const inside = "\\p{sc=Latin}\\p{N}'’_/\\\\@#&=+~\\-";
  * @param {string} words alternatives, as the source of a regular expression
  */
 export const alone = (words) =>
-    `(?<![${inside}]|(?<!\\p{sc=Han})[.:?!])(?:${words})(?![${inside}]|[.:?!][\\p{sc=Latin}\\p{N}/\\\\])`;
+    `(?<![${inside}]|(?<!\\p{sc=Han})[.:?!])(?:${words})` +
+    `(?![${inside}]|[.:?!][\\p{sc=Latin}\\p{N}/\\\\])`;
 
 // The name of a folder may be Chinese, and then runs into the words around it.
-const paths = /((?<!\p{sc=Latin})\p{sc=Latin}:\\[^\s，。！？；、,”"]*|(?<!\S)~?\/[^\s，。！？；、,”"]*)/u;
+const paths = /((?:(?<!\p{sc=Latin})\p{sc=Latin}:\\|(?<!\S)~?\/)[^\s，。！？；、,”"]*)/u;
 
 /** What stands between paths, and the paths at the odd places. */
 export const splitAtPaths = (text) => text.split(paths);

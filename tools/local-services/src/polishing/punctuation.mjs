@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import { alone, splitAtPaths } from './plain-words.mjs';
+import { alone } from './plain-words.mjs';
 import { isChinese } from './scripts.mjs';
 import { sentencesOf } from './sentences.mjs';
+import { spaced } from './spacing.mjs';
 import { abbreviated, pointed } from './words/abbreviations.mjs';
 
 const wide = { ',': '，', '.': '。', '?': '？', '!': '！', ':': '：', ';': '；' };
@@ -28,26 +29,12 @@ function marks(sentence) {
             .replace(halfMarks, widened)
             .replace(/\s+(?=[，。？！：；、])/gu, '');
     return sentence
-        .replace(/\s*([，。？！：；、])\s*(["”’)）]?)/gu, (all, mark, close) => narrow[mark] + close + ' ')
+        .replace(
+            /\s*([，。？！：；、])\s*(["”’)）]?)/gu,
+            (all, mark, close) => `${narrow[mark]}${close} `,
+        )
         .replace(/\s+(?=[,.?!:;](?:\s|$))/gu, '');
 }
-
-// The number in the name of a file (报告2.docx) stays where it is.
-const seams =
-    /(?<=\p{sc=Han})(?!\p{N}+\.\p{L})(?=[\p{sc=Latin}\p{N}])|(?<=[\p{sc=Latin}\p{N}%])(?=\p{sc=Han})/gu;
-
-/** A blank between Han and Latin letters or digits, and none between Han characters. */
-const spacing = (text) =>
-    splitAtPaths(text)
-        .map((part, index) =>
-            index % 2
-                ? part
-                : part
-                      .replace(/(?<=\p{sc=Han})\s+(?=\p{sc=Han})/gu, '')
-                      .replace(seams, ' ')
-                      .replace(/ {2,}/g, ' '),
-        )
-        .join('');
 
 const ending = /[.!?。！？…：:;；"”’)）]$/u;
 const address = /^\S*[^\s\p{P}][/\\@.:_]+[^\s\p{P}]\S*$/u;
@@ -60,7 +47,7 @@ const raised = (word) => word.replace(/\p{Ll}/u, (letter) => letter.toUpperCase(
 const capitals = (sentence) => sentence.replace(smallI, raised).replace(plainStart, raised);
 
 function finished(sentence) {
-    const trimmed = spacing(marks(sentence))
+    const trimmed = spaced(marks(sentence))
         .trim()
         .replace(/[,，、]$/u, '');
     if (isChinese(trimmed))

@@ -4,7 +4,9 @@
 import { abbreviated, pointed } from './words/abbreviations.mjs';
 
 // Not within an address: behind a mark of half width there is a blank, or Chinese begins.
-const end = /(?:(?:[。！？]|(?<=\p{sc=Han})[!?])[。！？!?]*|[.!?]+(?=["”’)）]*(?:\s|$)|[“（]?\p{sc=Han}))["”’)）]*/gu;
+const wideMark = '(?:[。！？]|(?<=\\p{sc=Han})[!?])[。！？!?]*';
+const halfMark = '[.!?]+(?=["”’)）]*(?:\\s|$)|[“（]?\\p{sc=Han})';
+const end = new RegExp(`(?:${wideMark}|${halfMark})["”’)）]*`, 'gu');
 
 /** Whether the sentence goes on: behind an abbreviation, points of silence, or what is quoted. */
 function goesOn(text, mark, index) {
