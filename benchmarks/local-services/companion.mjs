@@ -6,7 +6,7 @@ import { once } from 'node:events';
 import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 
-import { writeSettings } from '../../tools/local-services/src/setup/settings.mjs';
+import { writeSettings } from '../../tools/local-services/src/settings/settings.mjs';
 
 const program = fileURLToPath(
     new URL('../../tools/local-services/wrenfold-local.mjs', import.meta.url),

@@ -6,7 +6,7 @@ import { spawnSync } from 'node:child_process';
 import { cpSync, existsSync, readdirSync, readFileSync } from 'node:fs';
 import test from 'node:test';
 
-import { engineFolder, modelsFolder } from '../src/setup/folders.mjs';
+import { engineFolder, modelsFolder } from '../src/settings/folders.mjs';
 import { run, temporaryHome, write } from './support/home.mjs';
 
 /** A home without anything installed, and an npm that does what a line of shell says. */

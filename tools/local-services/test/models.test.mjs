@@ -8,7 +8,7 @@ import test from 'node:test';
 import { engineOptions } from '../src/recognition/model-types.mjs';
 import { chooseModel, listModels, readModel } from '../src/recognition/models.mjs';
 import { RecognitionWorker } from '../src/recognition/worker.mjs';
-import { engineFolder } from '../src/setup/folders.mjs';
+import { engineFolder } from '../src/settings/folders.mjs';
 import { temporaryHome, write } from './support/home.mjs';
 
 /** A model folder whose files hold nonsense. */

@@ -7,7 +7,7 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import test from 'node:test';
 
-import { modelsFolder } from '../src/setup/folders.mjs';
+import { modelsFolder } from '../src/settings/folders.mjs';
 import { ask, key, recognition, recording, startServices } from './support/services.mjs';
 import { silence, speech, wave } from './support/sound.mjs';
 

@@ -3,6 +3,8 @@
 
 import { once } from 'node:events';
 
+import { host } from '../settings/service-address.mjs';
+
 // The first descriptor that a service manager hands over.
 const firstInherited = 3;
 
@@ -19,12 +21,12 @@ export const isSocketInherited = (environment = process.env) =>
  * @throws {Error} when the port is taken, or the inherited socket hears other machines
  */
 export async function listen(server, port) {
-    server.listen(isSocketInherited() ? { fd: firstInherited } : { host: '127.0.0.1', port });
+    server.listen(isSocketInherited() ? { fd: firstInherited } : { host, port });
     await once(server, 'listening');
     const { address, port: bound } = server.address();
-    if (address !== '127.0.0.1') {
+    if (address !== host) {
         server.close();
-        throw new Error(`the socket listens on ${address}, not on 127.0.0.1`);
+        throw new Error(`the socket listens on ${address}, not on ${host}`);
     }
     return bound;
 }

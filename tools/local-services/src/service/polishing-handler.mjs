@@ -5,10 +5,11 @@ import { randomUUID } from 'node:crypto';
 
 import { paragraphing } from '../polishing/paragraphs.mjs';
 import { polish } from '../polishing/polish.mjs';
+import { polishingPath } from '../settings/service-address.mjs';
+import { textLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
 import { BodyTooLarge, readBody } from './request-body.mjs';
 
-const bodyLimit = 1 << 18;
 const label = '语音识别原文：\n';
 
 /** A polishing request that is answered with an HTTP status and a reason. */
@@ -21,7 +22,7 @@ class PolishingFailure extends Error {
 
 /** The wire protocol of the chat-completion service, answered by fixed rules. */
 export class PolishingHandler {
-    path = '/chat/completions';
+    path = polishingPath;
     #log;
 
     /** @param {function(string)} log takes a line without anything that was said */
@@ -35,7 +36,7 @@ export class PolishingHandler {
 
     async handle(request, response) {
         try {
-            const { model, prompt, transcript } = parseRequest(await readBody(request, bodyLimit));
+            const { model, prompt, transcript } = parseRequest(await readBody(request, textLimit));
             sendJson(response, 200, completion(model, polish(transcript, paragraphing(prompt))));
         } catch (error) {
             const { status, message } = asFailure(error);

@@ -4,21 +4,15 @@
 import { chooseModel, listModels } from '../recognition/models.mjs';
 import { correctTerms } from '../recognition/terms.mjs';
 import { EngineError } from '../recognition/worker.mjs';
+import { recognitionPath } from '../settings/service-address.mjs';
+import { mostRecordings, recordingLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
-import {
-    bodyLimit,
-    parseRecognition,
-    RecognitionFailure,
-    statusCodes,
-} from './recognition-request.mjs';
+import { parseRecognition, RecognitionFailure, statusCodes } from './recognition-request.mjs';
 import { BodyTooLarge, readBody } from './request-body.mjs';
-
-// Recordings in memory at once, the one in work included.
-const mostAtOnce = 4;
 
 /** The wire protocol of the recognition service, answered by a Recogniser. */
 export class RecognitionHandler {
-    path = '/api/v3/auc/bigmodel/recognize/flash';
+    path = recognitionPath;
     #recogniser;
     #modelsFolder;
     #log;
@@ -47,10 +41,10 @@ export class RecognitionHandler {
     }
 
     async handle(request, response, query) {
-        const isBusy = this.#active >= mostAtOnce;
+        const isBusy = this.#active >= mostRecordings;
         ++this.#active;
         try {
-            const body = await readBody(request, isBusy ? 0 : bodyLimit);
+            const body = await readBody(request, isBusy ? 0 : recordingLimit);
             const text = await this.#recognise(body, query, abortedWith(response));
             this.#answer(response, statusCodes.success, 'OK', { result: { text } });
         } catch (error) {
@@ -108,7 +102,7 @@ function asFailure(error, isBusy) {
     if (error instanceof BodyTooLarge)
         return new RecognitionFailure(
             statusCodes.badRequest,
-            `the body is longer than ${bodyLimit} bytes`,
+            `the body is longer than ${recordingLimit} bytes`,
         );
     if (error instanceof EngineError)
         return new RecognitionFailure(statusCodes.failure, error.message);

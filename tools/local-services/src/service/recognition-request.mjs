@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import { decodeWave, WaveError } from '../recognition/wave-file.mjs';
+import { longestSound, shortestSound } from '../settings/service-limits.mjs';
 
 /** The recognition service's codes for how a request ended. */
 export const statusCodes = {
@@ -21,13 +22,6 @@ export class RecognitionFailure extends Error {
         this.code = code;
     }
 }
-
-/** Seconds of sound: below, the engine complains; above, the application stops waiting. */
-export const shortest = 0.1;
-export const longest = 600;
-
-/** Bytes of a body: ten minutes as the application records them, and some room. */
-export const bodyLimit = 32 << 20;
 
 const bad = (message) => new RecognitionFailure(statusCodes.badRequest, message);
 
@@ -56,12 +50,12 @@ function decodeAudio(data) {
 
 function checkDuration({ samples, sampleRate }) {
     const seconds = samples.length / sampleRate;
-    if (seconds < shortest)
+    if (seconds < shortestSound)
         throw new RecognitionFailure(
             statusCodes.emptyAudio,
-            `the audio is shorter than ${shortest} s`,
+            `the audio is shorter than ${shortestSound} s`,
         );
-    if (seconds > longest) throw bad(`the audio is longer than ${longest} s`);
+    if (seconds > longestSound) throw bad(`the audio is longer than ${longestSound} s`);
 }
 
 function termsOf(context) {

@@ -4,6 +4,8 @@
 
 import { createHash, timingSafeEqual } from 'node:crypto';
 
+import { host } from '../settings/service-address.mjs';
+
 const digest = (text) => createHash('sha256').update(text).digest();
 
 /** Whether two texts are equal, in a time that does not depend on where they differ. */
@@ -15,7 +17,7 @@ function isFromBrowser({ headers }) {
 }
 
 function isForUs({ headers, socket }) {
-    return [`127.0.0.1:${socket.localPort}`, `localhost:${socket.localPort}`].includes(
+    return [`${host}:${socket.localPort}`, `localhost:${socket.localPort}`].includes(
         headers.host,
     );
 }

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
+import { bodyPatience } from '../settings/service-limits.mjs';
+
 /** A body longer than is taken. */
 export class BodyTooLarge extends Error {}
 
@@ -18,7 +20,7 @@ const mostDropped = 1 << 29;
  * @throws {BodyTooLarge} when all of it was read, so that an answer can be sent
  * @throws {Error} when the connection ends or the time is up
  */
-export async function readBody(request, limit, patience = 60_000) {
+export async function readBody(request, limit, patience = bodyPatience) {
     const timer = setTimeout(
         () => request.destroy(new Error('the body is not complete')),
         patience,

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 import { Recogniser } from '../recognition/recogniser.mjs';
-import { engineFolder, modelsFolder } from '../setup/folders.mjs';
+import { engineFolder, modelsFolder } from '../settings/folders.mjs';
+import { host } from '../settings/service-address.mjs';
 import { isSocketInherited, listen } from './listening-socket.mjs';
 import { PolishingHandler } from './polishing-handler.mjs';
 import { RecognitionHandler } from './recognition-handler.mjs';
@@ -24,7 +25,7 @@ export async function serve({ port, key, language }, idle) {
     const server = serviceServer([recognition, new PolishingHandler(log)], key);
     const bound = await listen(server, port);
     recognition.prepare(language);
-    log(`Listening on 127.0.0.1:${bound}.`);
+    log(`Listening on ${host}:${bound}.`);
     const end = () => {
         recogniser.stop();
         process.exit(0);

@@ -3,10 +3,13 @@
 
 import { createServer } from 'node:http';
 
+import {
+    connectionPatience,
+    mostConnections,
+    requestPatience,
+} from '../settings/service-limits.mjs';
 import { refusal } from './refusals.mjs';
 import { readBody } from './request-body.mjs';
-
-const minute = 60_000;
 
 /**
  * The HTTP server for both services.
@@ -21,11 +24,10 @@ export function serviceServer(handlers, key) {
         response.on('error', () => {});
         dispatch(handlers, key, request, response).catch(() => response.destroy());
     });
-    server.maxConnections = 32;
-    // The application opens its connections when a recording begins, and uses them when it ends.
-    server.keepAliveTimeout = 15 * minute;
-    server.headersTimeout = 15 * minute;
-    server.requestTimeout = 16 * minute;
+    server.maxConnections = mostConnections;
+    server.keepAliveTimeout = connectionPatience;
+    server.headersTimeout = connectionPatience;
+    server.requestTimeout = requestPatience;
     return server;
 }
 

@@ -3,9 +3,9 @@
 
 import { existsSync, readFileSync } from 'node:fs';
 
-import { applicationFile, legacyApplicationFile } from './folders.mjs';
+import { applicationFile, legacyApplicationFile } from '../settings/folders.mjs';
 import { addMember, replaceValues } from './json-text.mjs';
-import { writeOwnFile } from './own-file.mjs';
+import { writeOwnFile } from '../settings/own-file.mjs';
 
 // What the application writes at its first start, for a configuration that has no such part yet.
 const defaults = {

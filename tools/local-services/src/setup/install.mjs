@@ -19,7 +19,7 @@ import { tmpdir } from 'node:os';
 import { basename, join } from 'node:path';
 import { fileURLToPath, pathToFileURL } from 'node:url';
 
-import { engineFolder, modelsFolder, programFolder } from './folders.mjs';
+import { engineFolder, modelsFolder, programFolder } from '../settings/folders.mjs';
 import { run, unpackPackage } from './packages.mjs';
 import { replaceFolder } from './replace-folder.mjs';
 

@@ -5,12 +5,9 @@ import { existsSync, readFileSync, rmSync } from 'node:fs';
 
 import { serviceValues, writeServiceValues } from './application-configuration.mjs';
 import { isApplicationRunning } from './application-lock.mjs';
-import { replacedFile } from './folders.mjs';
-import { writeOwnFile } from './own-file.mjs';
-
-const recognitionPath = '/api/v3/auc/bigmodel/recognize/flash';
-
-const origin = (port) => `http://127.0.0.1:${port}`;
+import { replacedFile } from '../settings/folders.mjs';
+import { writeOwnFile } from '../settings/own-file.mjs';
+import { origin, recognitionPath } from '../settings/service-address.mjs';
 
 function companionValues({ port, key, language }) {
     const query = language === 'auto' ? '' : `?language=${language}`;

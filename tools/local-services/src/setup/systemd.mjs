@@ -5,7 +5,8 @@ import { spawnSync } from 'node:child_process';
 import { existsSync, mkdirSync, rmSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 
-import { programFolder, unitsFolder } from './folders.mjs';
+import { programFolder, unitsFolder } from '../settings/folders.mjs';
+import { host } from '../settings/service-address.mjs';
 
 const socketUnit = 'wrenfold-local.socket';
 const serviceUnit = 'wrenfold-local.service';
@@ -26,7 +27,7 @@ function units(port) {
 Description=Speech recognition and polishing for Wrenfold, on this machine
 
 [Socket]
-ListenStream=127.0.0.1:${port}
+ListenStream=${host}:${port}
 
 [Install]
 WantedBy=sockets.target

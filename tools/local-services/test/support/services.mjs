@@ -8,11 +8,11 @@ import { Recogniser } from '../../src/recognition/recogniser.mjs';
 import { PolishingHandler } from '../../src/service/polishing-handler.mjs';
 import { RecognitionHandler } from '../../src/service/recognition-handler.mjs';
 import { serviceServer } from '../../src/service/server.mjs';
-import { engineFolder } from '../../src/setup/folders.mjs';
+import { engineFolder } from '../../src/settings/folders.mjs';
+import { polishingPath, recognitionPath } from '../../src/settings/service-address.mjs';
 
 export const key = 'key-of-the-test';
-export const recognition = '/api/v3/auc/bigmodel/recognize/flash';
-export const polishing = '/chat/completions';
+export { polishingPath as polishing, recognitionPath as recognition };
 
 /** Both services with the installed engine and the models of a folder, on a free port. */
 export async function startServices(context, models) {

@@ -10,14 +10,13 @@ import { parseArgs } from 'node:util';
 
 import { listModels } from '../recognition/models.mjs';
 import { serve } from '../service/serve.mjs';
-import { applicationFile, engineFolder, modelsFolder } from './folders.mjs';
-import { installEngine, installModels, installProgram } from './install.mjs';
-import { readSettings, writeSettings } from './settings.mjs';
-import { isSwitchedOn, switchOff, switchOn } from './switch.mjs';
-import { hasServiceManager, startListening, stopListening } from './systemd.mjs';
-
-const usualPort = 47613;
-const idleMilliseconds = 10 * 60_000;
+import { applicationFile, engineFolder, modelsFolder } from '../settings/folders.mjs';
+import { host, origin, usualPort } from '../settings/service-address.mjs';
+import { idleTime } from '../settings/service-limits.mjs';
+import { readSettings, writeSettings } from '../settings/settings.mjs';
+import { installEngine, installModels, installProgram } from '../setup/install.mjs';
+import { isSwitchedOn, switchOff, switchOn } from '../setup/switch.mjs';
+import { hasServiceManager, startListening, stopListening } from '../setup/systemd.mjs';
 
 const say = (text) => process.stdout.write(`${text}\n`);
 
@@ -26,7 +25,7 @@ const parsed = (args, options) => parseArgs({ args, options }).values;
 /** Whether nobody listens there. */
 async function isFree(port) {
     const probe = createServer();
-    probe.listen({ host: '127.0.0.1', port });
+    probe.listen({ host, port });
     const [result] = await Promise.race([
         once(probe, 'listening').then(() => [true]),
         once(probe, 'error').then(() => [false]),
@@ -37,7 +36,7 @@ async function isFree(port) {
 
 async function freePort() {
     if (await isFree(usualPort)) return usualPort;
-    const probe = createServer().listen({ host: '127.0.0.1', port: 0 });
+    const probe = createServer().listen({ host, port: 0 });
     await once(probe, 'listening');
     const { port } = probe.address();
     probe.close();
@@ -63,7 +62,7 @@ export async function enable(args) {
     const settings = { ...kept, language };
     writeSettings(settings);
     switchOn(settings);
-    say(`${applicationFile()} now leads to the local services, 127.0.0.1:${settings.port}.`);
+    say(`${applicationFile()} now leads to the local services, ${origin(settings.port)}.`);
     if (hasServiceManager()) {
         startListening(settings.port);
         say('They start by themselves with the first dictation.');
@@ -92,7 +91,7 @@ export async function status() {
     say(`Models: ${usable.map(({ name }) => name).join(', ') || 'none'}`);
     say(`Used by Wrenfold: ${yesNo(settings && isSwitchedOn(settings))}`);
     if (settings)
-        say(`Listening on 127.0.0.1:${settings.port}: ${yesNo(!(await isFree(settings.port)))}`);
+        say(`Listening on ${origin(settings.port)}: ${yesNo(!(await isFree(settings.port)))}`);
 }
 
 /** Lists the models, usable or not. */
@@ -110,7 +109,7 @@ export async function models() {
 
 /** Serves in the foreground. */
 export async function serveHere(args) {
-    const { idle } = parsed(args, { idle: { type: 'string', default: String(idleMilliseconds) } });
+    const { idle } = parsed(args, { idle: { type: 'string', default: String(idleTime) } });
     const settings = readSettings();
     if (!settings) throw new Error('enable the local services first: scripts/local enable');
     if (!existsSync(engineFolder())) throw new Error('not installed: scripts/local install');
