@@ -65,9 +65,13 @@ test('What is installed is complete, has its licences and is not fetched again',
     assert.deepEqual(run(home, 'install'), { status: 0, stdout: '', stderr: '' });
 });
 
-test('The lockfile pins every package and names no place to get it from', () => {
-    const lock = JSON.parse(readFileSync(new URL('../package-lock.json', import.meta.url), 'utf8'));
-    const [, ...packages] = Object.values(lock.packages);
-    assert.ok(packages.every(({ integrity }) => /^sha512-.{86}==$/.test(integrity)));
-    assert.doesNotMatch(JSON.stringify(lock), /resolved|:\/\//);
+test('The lockfiles pin every package and name no place to get it from', () => {
+    for (const path of ['../package-lock.json', '../../../package-lock.json']) {
+        const lock = JSON.parse(readFileSync(new URL(path, import.meta.url), 'utf8'));
+        const [own, ...packages] = Object.values(lock.packages);
+        const wanted = Object.values({ ...own.dependencies, ...own.devDependencies });
+        assert.ok(wanted.every((version) => /^\d+\.\d+\.\d+$/.test(version)));
+        assert.ok(packages.every(({ integrity }) => /^sha512-.{86}==$/.test(integrity)));
+        assert.doesNotMatch(JSON.stringify(lock), /resolved/);
+    }
 });

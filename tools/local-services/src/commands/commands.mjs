@@ -72,7 +72,7 @@ export async function enable(args) {
 }
 
 /** Has the application use again what it used before `enable`. */
-export async function disable() {
+export function disable() {
     const settings = readSettings();
     if (!settings) throw new Error('the local services were never enabled');
     const kept = switchOff(settings);
@@ -95,7 +95,7 @@ export async function status() {
 }
 
 /** Lists the models, usable or not. */
-export async function models() {
+export function models() {
     const found = listModels(modelsFolder());
     if (!found.length) say('There are none; "scripts/local install" brings an English one.');
     for (const { name, model, problem } of found)

@@ -17,9 +17,7 @@ function isFromBrowser({ headers }) {
 }
 
 function isForUs({ headers, socket }) {
-    return [`${host}:${socket.localPort}`, `localhost:${socket.localPort}`].includes(
-        headers.host,
-    );
+    return [`${host}:${socket.localPort}`, `localhost:${socket.localPort}`].includes(headers.host);
 }
 
 /**

@@ -1,8 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import { closeSync, existsSync, fchmodSync, fsyncSync, mkdirSync, openSync } from 'node:fs';
-import { realpathSync, renameSync, rmSync, writeFileSync } from 'node:fs';
+import {
+    closeSync,
+    existsSync,
+    fchmodSync,
+    fsyncSync,
+    mkdirSync,
+    openSync,
+    realpathSync,
+    renameSync,
+    rmSync,
+    writeFileSync,
+} from 'node:fs';
 import { dirname } from 'node:path';
 
 /**

@@ -55,12 +55,12 @@ export function installEngine() {
 }
 
 /** Lines of a token's bytes in base64, a tab, and its number, as the engine reads them. */
-function tokenList(vocabulary) {
+function tokenList(tokens) {
     const bytes = (token) => {
         const byte = token.match(/^<0x([0-9A-F]{2})>$/);
         return byte ? Buffer.from(byte[1], 'hex') : Buffer.from(token, 'utf8');
     };
-    return vocabulary.map((token, id) => `${bytes(token).toString('base64')}\t${id}\n`).join('');
+    return tokens.map((token, id) => `${bytes(token).toString('base64')}\t${id}\n`).join('');
 }
 
 async function vocabulary() {
