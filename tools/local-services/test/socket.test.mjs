@@ -5,11 +5,18 @@ import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { readFileSync } from 'node:fs';
-import { createServer } from 'node:net';
+import { Agent } from 'node:http';
+import { connect, createServer } from 'node:net';
 import test from 'node:test';
 
-import { program, run, temporaryHome } from './support/home.mjs';
-import { ask, polishing } from './support/services.mjs';
+import { modelsFolder } from '../src/settings/folders.mjs';
+import { mostUnkeyed } from '../src/settings/service-limits.mjs';
+import { program, run, temporaryHome, write } from './support/home.mjs';
+import { ask, polishing, recognition, recording, startServices } from './support/services.mjs';
+import { silence } from './support/sound.mjs';
+
+const key = `local-${'k'.repeat(32)}`;
+const request = { messages: [{ role: 'user', content: 'um hello' }] };
 
 async function freePort() {
     const probe = createServer().listen(0, '127.0.0.1');
@@ -20,44 +27,55 @@ async function freePort() {
     return port;
 }
 
-/** A socket that starts the companion with its first connection; what both say, a text. */
-async function activate(context, host, ...options) {
-    const home = temporaryHome(context);
-    run(home, 'enable');
-    const { key } = JSON.parse(
-        readFileSync(home.path('.config', 'wrenfold', 'local-services.json')),
-    );
+/** A home in which the companion is enabled, on a free port. */
+async function enabledHome(context, environment) {
+    const home = temporaryHome(context, environment);
     const port = await freePort();
-    const variables = Object.keys(home.environment).flatMap((name) => ['-E', name]);
-    const command = [
-        '-l',
-        `${host}:${port}`,
-        ...variables,
-        process.execPath,
-        program,
-        'serve',
-        ...options,
-    ];
-    const child = spawn('systemd-socket-activate', command, { env: home.environment });
+    const settings = home.path('.config', 'wrenfold', 'local-services.json');
+    write(settings, JSON.stringify({ port, key }));
+    const { status, stderr } = run(home, 'enable');
+    assert.equal(status, 0, stderr);
+    return { ...home, port };
+}
+
+/** A program and what it says on its standard error, once that has begun. */
+async function started(context, home, command, ...args) {
+    const child = spawn(command, args, { env: home.environment });
     context.after(() => child.kill());
     const said = { text: '' };
     child.stderr.on('data', (data) => (said.text += data));
     while (!/Listening on/.test(said.text)) await once(child.stderr, 'data');
-    return { port, key, child, said, ended: once(child, 'exit') };
+    return { child, said, ended: once(child, 'exit') };
 }
 
-const request = { messages: [{ role: 'user', content: 'um hello' }] };
+/** A socket that starts the companion with its first connection. */
+async function activate(context, host, ...options) {
+    const home = await enabledHome(context);
+    const variables = Object.keys(home.environment).flatMap((name) => ['-E', name]);
+    const service = [process.execPath, program, 'serve', ...options];
+    const socket = ['-l', `${host}:${home.port}`, ...variables];
+    return {
+        port: home.port,
+        ...(await started(context, home, 'systemd-socket-activate', ...socket, ...service)),
+    };
+}
 
-test('The first connection starts the services, and they end when nobody is connected', async (context) => {
-    const { port, key, said, ended } = await activate(context, '127.0.0.1', '--idle', '1000');
+const childrenOf = (pid) => readFileSync(`/proc/${pid}/task/${pid}/children`, 'utf8');
+
+test('The first connection starts the services, the first key loads the model, and they end when nobody with the key asks', async (context) => {
+    const { port, said, child, ended } = await activate(context, '127.0.0.1', '--idle', '1500');
     assert.doesNotMatch(said.text, /wrenfold-local/);
-    for (const _ of [1, 2]) {
-        const headers = { Authorization: `Bearer ${key}` };
-        const { body } = await ask(port, polishing, request, { headers });
-        assert.equal(body.choices[0].message.content, 'Hello.');
-    }
+    const open = connect(port, '127.0.0.1');
+    const wrong = await ask(port, recognition, recording(silence(1)), { key: `${key}x` });
+    assert.equal(wrong.status, 401);
+    const { body } = await ask(port, polishing, request, { key });
+    assert.equal(body.choices[0].message.content, 'Hello.');
+    assert.equal(childrenOf(child.pid), '');
+    assert.equal((await ask(port, recognition, recording(silence(1)), { key })).code, '20000003');
+    assert.match(childrenOf(child.pid), /^\d+ $/);
     assert.deepEqual(await ended, [0, null]);
-    assert.match(said.text, new RegExp(`wrenfold-local: Listening on 127.0.0.1:${port}`));
+    open.destroy();
+    assert.match(said.text, new RegExp(`wrenfold-local: Listening on http://127.0.0.1:${port}`));
     assert.ok(!said.text.includes(key));
 });
 
@@ -66,4 +84,36 @@ test('A socket that other machines can reach is not served', async (context) => 
     await assert.rejects(ask(port, polishing, request));
     assert.deepEqual(await ended, [1, null]);
     assert.match(said.text, /listens on 0\.0\.0\.0, not on 127\.0\.0\.1/);
+});
+
+test('Connections without the key leave room for the one with it', async (context) => {
+    const { port } = await startServices(context, modelsFolder());
+    const idle = Array.from({ length: 60 }, () => connect(port, '127.0.0.1').on('error', () => {}));
+    const isDropped = idle.slice(0, -mostUnkeyed).map((socket) => once(socket, 'close'));
+    await Promise.all(isDropped);
+    assert.equal((await ask(port, polishing, request)).status, 200);
+    idle.forEach((socket) => socket.destroy());
+});
+
+test('Another user is not even listened to', { skip: process.geteuid() !== 0 }, async (context) => {
+    const { port } = await startServices(context, modelsFolder());
+    const code = `require('net').connect(${port}, '127.0.0.1').on('error', () => {})
+        .on('close', () => console.log('closed'))`;
+    const other = spawn(process.execPath, ['-e', code], { uid: 65534, cwd: '/' });
+    await once(other.stdout, 'data', { signal: AbortSignal.timeout(5000) });
+});
+
+test('Who says nothing for ten seconds is dropped', async (context) => {
+    const { port } = await startServices(context, modelsFolder());
+    const agent = new Agent({ keepAlive: true });
+    const sockets = ['', 'POST / HTTP/1.1\r\nHost:'].map((said) => {
+        const socket = connect(port, '127.0.0.1');
+        socket.write(said);
+        return socket;
+    });
+    agent.on('free', (socket) => sockets.push(socket));
+    await ask(port, polishing, request, { agent });
+    const signal = AbortSignal.timeout(13_000);
+    await Promise.all(sockets.map((socket) => once(socket.resume(), 'close', { signal })));
+    assert.deepEqual([sockets.length, sockets[0].bytesRead], [3, 0]);
 });

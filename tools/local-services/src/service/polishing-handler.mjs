@@ -5,6 +5,7 @@ import { randomUUID } from 'node:crypto';
 
 import { paragraphing } from '../polishing/paragraphs.mjs';
 import { polish } from '../polishing/polish.mjs';
+import { isSameText } from '../settings/key-proof.mjs';
 import { polishingPath } from '../settings/service-address.mjs';
 import { textLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
@@ -30,8 +31,8 @@ export class PolishingHandler {
         this.#log = log;
     }
 
-    keyOf(headers) {
-        return headers.authorization?.match(/^Bearer +(.*)$/i)?.[1] ?? '';
+    isKeyed(headers, key) {
+        return isSameText(headers.authorization?.match(/^Bearer +(.*)$/i)?.[1] ?? '', key);
     }
 
     async handle(request, response) {

@@ -1,9 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
+import { existsSync } from 'node:fs';
+
 import { chooseModel, listModels } from '../recognition/models.mjs';
 import { correctTerms } from '../recognition/terms.mjs';
 import { EngineError } from '../recognition/worker.mjs';
+import { engineFolder } from '../settings/folders.mjs';
+import { isSameText } from '../settings/key-proof.mjs';
 import { recognitionPath } from '../settings/service-address.mjs';
 import { mostRecordings, recordingLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
@@ -17,6 +21,7 @@ export class RecognitionHandler {
     #modelsFolder;
     #log;
     #active = 0;
+    #turn = Promise.resolve();
 
     /**
      * @param {import('../recognition/recogniser.mjs').Recogniser} recogniser
@@ -29,23 +34,23 @@ export class RecognitionHandler {
         this.#log = log;
     }
 
-    keyOf(headers) {
-        return headers['x-api-key'] ?? '';
-    }
-
-    /** Loads the model for recordings in a language, or `auto`, ahead of the first of them. */
-    prepare(language) {
-        const model = chooseModel(this.#models(), language);
-        if (model) this.#recogniser.prepare(model, language);
-        else this.#log(missingModel(language));
+    isKeyed(headers, key) {
+        return isSameText(headers['x-api-key'] ?? '', key);
     }
 
     async handle(request, response, query) {
         const isBusy = this.#active >= mostRecordings;
         ++this.#active;
         try {
+            const language = query.get('language') || 'auto';
+            const model = this.#modelFor(language);
+            // It is loaded while the recording arrives, unless another is in work.
+            if (model && this.#active === 1) this.#recogniser.prepare(model, language);
             const body = await readBody(request, isBusy ? 0 : recordingLimit);
-            const text = await this.#recognise(body, query, abortedWith(response));
+            if (!model)
+                throw new RecognitionFailure(statusCodes.badRequest, missingModel(language));
+            const signal = abortedWith(response);
+            const text = await this.#inTurn(() => this.#recognise(body, model, language, signal));
             this.#answer(response, statusCodes.success, 'OK', { result: { text } });
         } catch (error) {
             if (request.socket.destroyed) return;
@@ -61,10 +66,15 @@ export class RecognitionHandler {
         this.#answer(response, statusCodes.badRequest, reason, {}, status);
     }
 
-    async #recognise(body, query, signal) {
-        const language = query.get('language') || 'auto';
-        const model = chooseModel(this.#models(), language);
-        if (!model) throw new RecognitionFailure(statusCodes.badRequest, missingModel(language));
+    /** One after another: a recording that waits takes less room as it came than decoded. */
+    #inTurn(work) {
+        const result = this.#turn.then(work);
+        this.#turn = result.catch(() => {});
+        return result;
+    }
+
+    async #recognise(body, model, language, signal) {
+        signal.throwIfAborted();
         const { recording, terms } = parseRecognition(body);
         const start = performance.now();
         const heard = await this.#recogniser.recognise(recording, model, language, terms, signal);
@@ -77,8 +87,9 @@ export class RecognitionHandler {
         return correctTerms(heard, terms);
     }
 
-    #models() {
-        return listModels(this.#modelsFolder).flatMap(({ model }) => model ?? []);
+    #modelFor(language) {
+        const models = listModels(this.#modelsFolder).flatMap(({ model }) => model ?? []);
+        return chooseModel(models, language);
     }
 
     #answer(response, code, message, body, status = 200) {
@@ -88,6 +99,8 @@ export class RecognitionHandler {
         });
     }
 }
+
+const missingEngine = 'the engine is not installed; see: scripts/local install';
 
 function missingModel(language) {
     const asked = /^[A-Za-z-]{1,10}$/.test(language) ? `language "${language}"` : 'such a language';
@@ -105,7 +118,10 @@ function asFailure(error, isBusy) {
             `the body is longer than ${recordingLimit} bytes`,
         );
     if (error instanceof EngineError)
-        return new RecognitionFailure(statusCodes.failure, error.message);
+        return new RecognitionFailure(
+            statusCodes.failure,
+            existsSync(engineFolder()) ? error.message : missingEngine,
+        );
     return new RecognitionFailure(statusCodes.failure, `unexpected: ${error.name}`);
 }
 

@@ -2,14 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Who may ask: programs of this machine that know the key, and no web page in a browser.
 
-import { createHash, timingSafeEqual } from 'node:crypto';
-
 import { host } from '../settings/service-address.mjs';
-
-const digest = (text) => createHash('sha256').update(text).digest();
-
-/** Whether two texts are equal, in a time that does not depend on where they differ. */
-export const isSameKey = (given, key) => timingSafeEqual(digest(given), digest(key));
 
 /** A browser tells the page that asks; a page that had its name point here tells its own host. */
 function isFromBrowser({ headers }) {
@@ -24,15 +17,14 @@ function isForUs({ headers, socket }) {
  * Why a request is not even looked at.
  *
  * @param {import('node:http').IncomingMessage} request
- * @param {{key: string, keyOf: function}} access the key, and where the request carries it
+ * @param {function(object): boolean} isKeyed whether its headers show that who asks knows the key
  * @returns {{status: number, reason: string}|undefined}
  */
-export function refusal(request, { key, keyOf }) {
+export function refusal(request, isKeyed) {
     if (!isForUs(request)) return { status: 403, reason: 'The Host header names another server.' };
     if (isFromBrowser(request)) return { status: 403, reason: 'Web pages are not served.' };
     if (request.method !== 'POST') return { status: 405, reason: 'Only POST is served.' };
-    if (!isSameKey(keyOf(request.headers), key))
-        return { status: 401, reason: 'The key is missing or wrong.' };
+    if (!isKeyed(request.headers)) return { status: 401, reason: 'The key is missing or wrong.' };
     if (!/^application\/json\s*(;|$)/i.test(request.headers['content-type'] ?? ''))
         return { status: 415, reason: 'The body has to be application/json.' };
     return undefined;

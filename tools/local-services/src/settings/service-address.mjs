@@ -10,4 +10,7 @@ export const usualPort = 47613;
 export const recognitionPath = '/api/v3/auc/bigmodel/recognize/flash';
 export const polishingPath = '/chat/completions';
 
+/** Where the companion's own program asks, and nothing of the application's does. */
+export const statusPath = '/status';
+
 export const origin = (port) => `http://${host}:${port}`;

@@ -8,14 +8,18 @@ const minute = 60 * second;
 /** After which a companion that the service manager started ends by itself. */
 export const idleTime = 10 * minute;
 
-/** The application opens its connections when a recording begins, and uses them when it ends. */
-export const connectionPatience = 15 * minute;
+/**
+ * For the headers of a request to arrive, the first of a connection or the next one. A connection
+ * that the application opened ahead is dropped when a recording takes longer, and opened anew.
+ */
+export const headersPatience = 10 * second;
 
-/** For all of a request to arrive, and for its body. */
-export const requestPatience = 16 * minute;
+/** For the body of a request that knew the key, and of one that did not. */
 export const bodyPatience = minute;
+export const refusedBodyPatience = 10 * second;
 
-export const mostConnections = 32;
+/** Connections that have not shown the key. */
+export const mostUnkeyed = 16;
 
 /** Recordings in memory at once, the one in work included. */
 export const mostRecordings = 4;

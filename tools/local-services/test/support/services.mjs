@@ -36,15 +36,20 @@ export async function startServices(context, models) {
  *
  * @returns {Promise<{status: number, code: string, message: string, text: string, body: *}>}
  */
-export async function ask(port, path, body, { headers = {}, method = 'POST' } = {}) {
+export async function ask(
+    port,
+    path,
+    body,
+    { headers = {}, method = 'POST', key: known = key, agent = false } = {},
+) {
     const bytes = Buffer.from(typeof body === 'string' ? body : JSON.stringify(body));
     const usual = {
         'Content-Type': 'application/json',
         'Content-Length': bytes.length,
-        'X-Api-Key': key,
-        Authorization: `Bearer ${key}`,
+        'X-Api-Key': known,
+        Authorization: `Bearer ${known}`,
     };
-    const to = { host: '127.0.0.1', port, path, method, agent: false };
+    const to = { host: '127.0.0.1', port, path, method, agent };
     const sent = request({ ...to, headers: { ...usual, ...headers } });
     sent.end(bytes);
     const [response] = await once(sent, 'response');
