@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import assert from 'node:assert/strict';
-import { spawn } from 'node:child_process';
+import { execFileSync, spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { readFileSync } from 'node:fs';
 import { Agent } from 'node:http';
@@ -11,6 +11,7 @@ import test from 'node:test';
 
 import { modelsFolder } from '../src/settings/folders.mjs';
 import { mostUnkeyed } from '../src/settings/service-limits.mjs';
+import { units } from '../src/setup/units.mjs';
 import { program, run, temporaryHome, write } from './support/home.mjs';
 import { ask, polishing, recognition, recording, startServices } from './support/services.mjs';
 import { silence } from './support/sound.mjs';
@@ -116,4 +117,15 @@ test('Who says nothing for ten seconds is dropped', async (context) => {
     const signal = AbortSignal.timeout(13_000);
     await Promise.all(sockets.map((socket) => once(socket.resume(), 'close', { signal })));
     assert.deepEqual([sockets.length, sockets[0].bytesRead], [3, 0]);
+});
+
+test('The unit gives the services little, and names no single Node.js', (context) => {
+    const home = temporaryHome(context);
+    const texts = units(47613);
+    for (const [name, text] of Object.entries(texts)) write(home.path(name), text);
+    const [socket, service] = Object.keys(texts).map((name) => home.path(name));
+    const analyze = (...args) => execFileSync('systemd-analyze', args, { stdio: 'pipe' });
+    analyze('verify', '--man=no', service, socket);
+    analyze('security', '--offline=true', '--threshold=30', service);
+    assert.ok(!texts['wrenfold-local.service'].includes(process.execPath));
 });

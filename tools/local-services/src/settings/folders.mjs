@@ -10,11 +10,13 @@ function baseFolder(variable, ...fallback) {
     return isAbsolute(value) ? value : join(homedir(), ...fallback);
 }
 
-const data = () => join(baseFolder('XDG_DATA_HOME', '.local', 'share'), 'wrenfold');
 const configuration = () => baseFolder('XDG_CONFIG_HOME', '.config');
 
+/** All that is installed: program, engine and models. */
+export const dataFolder = () => join(baseFolder('XDG_DATA_HOME', '.local', 'share'), 'wrenfold');
+
 /** Program and engine, which `install` puts there. */
-export const servicesFolder = () => join(data(), 'local-services');
+export const servicesFolder = () => join(dataFolder(), 'local-services');
 
 /** The installed npm packages: the engine and its binding. */
 export const engineFolder = () => join(servicesFolder(), 'engine');
@@ -23,7 +25,7 @@ export const engineFolder = () => join(servicesFolder(), 'engine');
 export const programFolder = () => join(servicesFolder(), 'program');
 
 /** One folder a recognition model, each with a manifest.json. */
-export const modelsFolder = () => join(data(), 'models');
+export const modelsFolder = () => join(dataFolder(), 'models');
 
 /** The companion's port and key. */
 export const settingsFile = () => join(configuration(), 'wrenfold', 'local-services.json');

@@ -5,49 +5,32 @@ import { spawnSync } from 'node:child_process';
 import { existsSync, mkdirSync, rmSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 
-import { programFolder, unitsFolder } from '../settings/folders.mjs';
-import { host } from '../settings/service-address.mjs';
-
-const socketUnit = 'wrenfold-local.socket';
-const serviceUnit = 'wrenfold-local.service';
+import { unitsFolder } from '../settings/folders.mjs';
+import { searchPath, serviceUnit, socketUnit, units } from './units.mjs';
 
 const systemctl = (...args) => spawnSync('systemctl', ['--user', ...args], { encoding: 'utf8' });
 
 /** Whether a service manager of the user's runs. */
 export const hasServiceManager = () => systemctl('show-environment').status === 0;
 
-/** Quotes keep blanks, "%" has a meaning in a unit, and in a command so has "$". */
-const quoted = (text) => `"${text.replace(/[\\"]/g, '\\$&').replaceAll('%', '%%')}"`;
-const quotedArgument = (text) => quoted(text).replaceAll('$', '$$$$');
+const isActive = (unit) => systemctl('is-active', unit).status === 0;
 
-function units(port) {
-    const command = [process.execPath, join(programFolder(), 'wrenfold-local.mjs'), 'serve'];
-    return {
-        [socketUnit]: `[Unit]
-Description=Speech recognition and polishing for Wrenfold, on this machine
+/** Whether the service manager listens for the companion. */
+export const isPortKept = () => isActive(socketUnit);
 
-[Socket]
-ListenStream=${host}:${port}
+/** Whether it listens and has not started the companion yet. */
+export const isWaiting = () => isPortKept() && !isActive(serviceUnit);
 
-[Install]
-WantedBy=sockets.target
-`,
-        [serviceUnit]: `[Unit]
-Description=Speech recognition and polishing for Wrenfold, on this machine
-Requires=${socketUnit}
-
-[Service]
-ExecStart=${command.map(quotedArgument).join(' ')}
-Environment=${['XDG_DATA_HOME', 'XDG_CONFIG_HOME']
-            .filter((name) => process.env[name])
-            .map((name) => quoted(`${name}=${process.env[name]}`))
-            .join(' ')}
-NoNewPrivileges=yes
-RestrictAddressFamilies=AF_INET AF_UNIX
-LimitCORE=0
-UMask=0077
-`,
-    };
+/**
+ * Makes sure that the service manager can start the companion.
+ *
+ * @throws {Error} when the service manager would find no Node.js, or one that is too old
+ */
+export function checkNode() {
+    const isRecent = 'process.exit(parseInt(process.versions.node) >= 18 ? 0 : 1)';
+    const env = { PATH: searchPath };
+    if (spawnSync('/usr/bin/env', ['node', '-e', isRecent], { env }).status !== 0)
+        throw new Error(`there is no Node.js of version 18 or later in ${searchPath}`);
 }
 
 /**
@@ -62,11 +45,9 @@ export function startListening(port) {
         writeFileSync(join(unitsFolder(), name), text);
     systemctl('daemon-reload');
     systemctl('stop', serviceUnit, socketUnit);
+    systemctl('reset-failed', serviceUnit, socketUnit);
     const { status, stderr } = systemctl('enable', '--now', socketUnit);
-    if (status !== 0)
-        throw new Error(
-            `the service manager does not listen: ${stderr.trim()}; use: scripts/local serve`,
-        );
+    if (status !== 0) throw new Error(`the service manager does not listen: ${stderr.trim()}`);
 }
 
 /** Ends the service, stops listening and takes the units away. */
