@@ -46,11 +46,13 @@ export class RecognitionHandler {
             const model = this.#modelFor(language);
             // It is loaded while the recording arrives, unless another is in work.
             if (model && this.#active === 1) this.#recogniser.prepare(model, language);
-            const body = await readBody(request, isBusy ? 0 : recordingLimit);
+            const waiting = { body: await readBody(request, isBusy ? 0 : recordingLimit) };
             if (!model)
                 throw new RecognitionFailure(statusCodes.badRequest, missingModel(language));
             const signal = abortedWith(response);
-            const text = await this.#inTurn(() => this.#recognise(body, model, language, signal));
+            const text = await this.#inTurn(() =>
+                this.#recognise(waiting, model, language, signal),
+            );
             this.#answer(response, statusCodes.success, 'OK', { result: { text } });
         } catch (error) {
             if (request.socket.destroyed) return;
@@ -73,9 +75,10 @@ export class RecognitionHandler {
         return result;
     }
 
-    async #recognise(body, model, language, signal) {
+    async #recognise(waiting, model, language, signal) {
         signal.throwIfAborted();
-        const { recording, terms } = parseRecognition(body);
+        const { recording, terms } = parseRecognition(waiting.body);
+        delete waiting.body;
         const start = performance.now();
         const heard = await this.#recogniser.recognise(recording, model, language, terms, signal);
         if (!heard) throw new RecognitionFailure(statusCodes.silence, 'nothing was said');
