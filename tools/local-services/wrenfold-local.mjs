@@ -3,7 +3,8 @@
 // SPDX-License-Identifier: MIT
 // Wrenfold's two services on the user's own machine. scripts/local tells how to use it.
 
-import { disable, enable, install, models, serveHere, status } from './src/commands/commands.mjs';
+import { disable, enable, install, models, serveHere } from './src/commands/commands.mjs';
+import { status } from './src/commands/status.mjs';
 
 const commands = { install, enable, disable, status, models, serve: serveHere };
 const [name, ...options] = process.argv.slice(2);

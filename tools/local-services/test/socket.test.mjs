@@ -4,17 +4,17 @@
 import assert from 'node:assert/strict';
 import { execFileSync, spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { readFileSync } from 'node:fs';
+import { readFileSync, symlinkSync, writeFileSync } from 'node:fs';
 import { Agent } from 'node:http';
 import { connect, createServer } from 'node:net';
 import test from 'node:test';
 
-import { modelsFolder } from '../src/settings/folders.mjs';
+import { engineFolder, modelsFolder } from '../src/settings/folders.mjs';
 import { mostUnkeyed } from '../src/settings/service-limits.mjs';
 import { units } from '../src/setup/units.mjs';
 import { program, run, temporaryHome, write } from './support/home.mjs';
 import { ask, polishing, recognition, recording, startServices } from './support/services.mjs';
-import { silence } from './support/sound.mjs';
+import { silence, speech } from './support/sound.mjs';
 
 const key = `local-${'k'.repeat(32)}`;
 const request = { messages: [{ role: 'user', content: 'um hello' }] };
@@ -36,7 +36,7 @@ async function enabledHome(context, environment) {
     write(settings, JSON.stringify({ port, key }));
     const { status, stderr } = run(home, 'enable');
     assert.equal(status, 0, stderr);
-    return { ...home, port };
+    return { ...home, port, portNow: () => JSON.parse(readFileSync(settings, 'utf8')).port };
 }
 
 /** A program and what it says on its standard error, once that has begun. */
@@ -60,6 +60,8 @@ async function activate(context, host, ...options) {
         ...(await started(context, home, 'systemd-socket-activate', ...socket, ...service)),
     };
 }
+
+const serve = (context, home) => started(context, home, process.execPath, program, 'serve');
 
 const childrenOf = (pid) => readFileSync(`/proc/${pid}/task/${pid}/children`, 'utf8');
 
@@ -117,6 +119,70 @@ test('Who says nothing for ten seconds is dropped', async (context) => {
     const signal = AbortSignal.timeout(13_000);
     await Promise.all(sockets.map((socket) => once(socket.resume(), 'close', { signal })));
     assert.deepEqual([sockets.length, sockets[0].bytesRead], [3, 0]);
+});
+
+test('An engine that is missing is an answer, and is used when it is there', async (context) => {
+    const home = temporaryHome(context, { XDG_DATA_HOME: '' });
+    const data = (...names) => home.path('.local', 'share', 'wrenfold', ...names);
+    const port = await freePort();
+    write(home.path('.config', 'wrenfold', 'local-services.json'), JSON.stringify({ port, key }));
+    write(data('local-services', 'kept'), '');
+    symlinkSync(modelsFolder(), data('models'));
+    await serve(context, home);
+    const sentence = 'Please move the meeting to Thursday at three in the afternoon.';
+    const spoken = recording(speech(sentence));
+    const { code, message } = await ask(port, recognition, spoken, { key });
+    assert.deepEqual(
+        [code, message],
+        ['55000000', 'the engine is not installed; see: scripts/local install'],
+    );
+    symlinkSync(engineFolder(), data('local-services', 'engine'));
+    assert.equal((await ask(port, recognition, spoken, { key })).text, sentence);
+});
+
+/** A program that has a port, and hands on what it is told to another one. */
+const relay = (port, to) => `require('net').createServer((socket) => {
+    socket.on('data', (data) => console.log(String(data)));
+    socket.pipe(require('net').connect(${to}, '127.0.0.1').on('error', () => socket.end('no')))
+        .pipe(socket);
+}).on('connection', (socket) => socket.on('error', () => {}))
+    .listen(${port}, '127.0.0.1', () => console.error('Listening on'))`;
+
+test('The companion is told from a stranger, who never gets the key nor keeps the port', async (context) => {
+    const home = await enabledHome(context);
+    const running = () =>
+        run(home, 'status')
+            .stdout.match(/Running on (\S+): (.*)\n/)
+            .slice(1);
+    const address = (port) => `http://127.0.0.1:${port}`;
+    assert.match(running()[1], /^nothing; start them/);
+    const { child, ended } = await serve(context, home);
+    const [where, what] = running();
+    assert.equal(where, address(home.port));
+    assert.match(what, new RegExp(`^the local services, process ${child.pid}, since 2\\d{3}-`));
+    assert.equal(run(home, 'enable').status, 0);
+    assert.equal(home.portNow(), home.port);
+
+    // One that could even have the companion itself answer.
+    const other = { ...home, port: await freePort() };
+    const settings = home.path('.config', 'wrenfold', 'local-services.json');
+    const code = relay(other.port, home.port);
+    const stranger = await started(context, home, process.execPath, '-e', code);
+    const heard = stranger.child.stdout.setEncoding('utf8').toArray();
+    writeFileSync(settings, JSON.stringify({ port: other.port, key }));
+    assert.match(running()[1], /^a stranger/);
+    assert.equal(run(home, 'enable').status, 0);
+    assert.notEqual(home.portNow(), other.port);
+    const configuration = home.path('.wrenfold', 'config.json');
+    assert.equal(JSON.parse(readFileSync(configuration)).deepSeek.baseURL, address(home.portNow()));
+    assert.match(running()[1], /^nothing/);
+    child.kill();
+    stranger.child.kill();
+    await ended;
+    const told = (await heard).join('');
+    assert.match(told, /POST \/status/);
+    assert.ok(!told.includes(key));
+    assert.equal(run(home, 'disable').status, 0);
 });
 
 test('The unit gives the services little, and names no single Node.js', (context) => {

@@ -4,10 +4,10 @@
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { existsSync, readFileSync, statSync } from 'node:fs';
+import { readFileSync, rmSync, statSync } from 'node:fs';
 import test from 'node:test';
 
-import { run, temporaryHome, write } from './support/home.mjs';
+import { contents, run, temporaryHome, write } from './support/home.mjs';
 
 const configuration = String.raw`{ "later": {"endpoint": [1, "{"]},
   "paste" : {"restoreClipboardAfterMilliseconds": 9007199254740993, "x": 1.0},
@@ -21,6 +21,13 @@ function homeWith(context, text) {
     const file = home.path('.wrenfold', 'config.json');
     write(file, text);
     return { ...home, read: () => readFileSync(file, 'utf8'), file };
+}
+
+/** Takes a lock, as the application does while it runs. */
+async function hold(context, lock) {
+    const holder = spawn('flock', [lock, 'sh', '-c', 'echo held; exec cat']);
+    context.after(() => holder.stdin.end());
+    await once(holder.stdout, 'data');
 }
 
 test('Enabling changes four values and nothing else, disabling puts them back', (context) => {
@@ -57,41 +64,78 @@ test('What was changed by hand meanwhile stays', (context) => {
     assert.equal(home.read(), configuration.replace('own-\\"polish\\"-key', 'newer'));
 });
 
-test('While the application runs nothing is changed', async (context) => {
-    const home = homeWith(context, configuration);
-    run(home, 'enable');
-    const enabled = home.read();
-    const lock = spawn('flock', [
-        home.path('local.wrenfold.lock'),
-        'sh',
-        '-c',
-        'echo held; exec cat',
-    ]);
-    await once(lock.stdout, 'data');
-    for (const command of ['enable', 'disable']) {
-        const { status, stderr } = run(home, command);
+test('A refused command changes nothing at all', async (context) => {
+    const kept = ['.config', 'wrenfold', 'before-local-services.json'];
+    const refusals = [
+        [/"auto" or a code/, {}, '--language', 'Chinese'],
+        [/JSON/, { text: '' }],
+        [/not a JSON object/, { text: '[]' }],
+        [/no "deepSeek.apiKey"|no "volcengine/, { text: '{"volcengine": {}}' }],
+        [/JSON/, { text: configuration.replace('"model": "m"}', '') }],
+        [/start it once first/, { place: ['.hush-wire', 'config.json'] }],
+        [/is damaged/, { files: [[kept, '{']] }],
+        [/apiKey was changed/, { files: [[kept, '{"deepSeek.apiKey": "earlier"}']] }],
+        [/Wrenfold is running/, { isRunning: true }],
+        // Nothing of the above gets as far as this.
+        [/npm ci failed/, { files: [[['bin', 'npm'], '#!/bin/sh\nexit 1\n', 0o755]] }],
+    ];
+    for (const [
+        reason,
+        { text = configuration, place, files = [], isRunning },
+        ...args
+    ] of refusals) {
+        const home = temporaryHome(context, { XDG_DATA_HOME: '' });
+        home.environment.PATH = `${home.path('bin')}:${home.environment.PATH}`;
+        write(home.path(...(place ?? ['.wrenfold', 'config.json'])), text);
+        for (const [names, ...file] of files) write(home.path(...names), ...file);
+        if (isRunning) await hold(context, home.path('local.wrenfold.lock'));
+        const before = contents(home);
+        const { status, stderr } = run(home, 'enable', ...args);
         assert.equal(status, 1);
-        assert.match(stderr, /Wrenfold is running/);
+        assert.match(stderr, reason);
+        assert.deepEqual(contents(home), before, stderr);
+        if (isRunning) assert.match(run(home, 'disable').stderr, reason);
     }
-    assert.equal(home.read(), enabled);
-    lock.stdin.end();
-    await once(lock, 'exit');
-    assert.equal(run(home, 'disable').status, 0);
 });
 
-test('A configuration that cannot be changed safely is left alone', (context) => {
-    for (const text of [
-        '',
-        '[]',
-        '{"volcengine": {}}',
-        configuration.replace('"model": "m"}', ''),
+test('A service manager that refuses leaves everything as it was', (context) => {
+    const home = homeWith(context, configuration);
+    // It runs, and cannot open the socket.
+    const script = '#!/bin/sh\ncase "$2" in enable|is-active) echo taken >&2; exit 1;; esac\n';
+    write(home.path('bin', 'systemctl'), script, 0o755);
+    home.environment.PATH = `${home.path('bin')}:${home.environment.PATH}`;
+    const before = contents(home);
+    assert.match(run(home, 'enable').stderr, /does not listen: taken/);
+    assert.deepEqual(contents(home), before);
+});
+
+test('The own keys survive damaged and missing files', (context) => {
+    const home = homeWith(context, configuration);
+    const file = (name) => home.path('.config', 'wrenfold', name);
+    run(home, 'enable');
+    for (const damage of [
+        () => write(file('local-services.json'), '{'),
+        () => rmSync(file('local-services.json')),
     ]) {
-        const home = homeWith(context, text);
-        assert.equal(run(home, 'enable').status, 1, text);
-        assert.equal(home.read(), text);
+        damage();
+        assert.equal(run(home, 'enable').status, 0);
+        assert.equal(run(home, 'status').stdout.match(/Used by Wrenfold: (.*)/)[1], 'yes');
     }
-    const home = temporaryHome(context);
-    write(home.path('.hush-wire', 'config.json'), configuration);
-    assert.match(run(home, 'enable').stderr, /start it once first/);
-    assert.equal(existsSync(home.path('.wrenfold')), false);
+    const replaced = readFileSync(file('before-local-services.json'), 'utf8');
+    rmSync(file('local-services.json'));
+    rmSync(file('before-local-services.json'));
+    const before = contents(home);
+    const { status, stderr } = run(home, 'disable');
+    assert.equal(status, 1);
+    assert.match(stderr, /does not tell .* volcengine.apiKey, deepSeek.apiKey, .*: enter that in/);
+    assert.deepEqual(contents(home), before);
+    // A key of a companion's is none to go back to.
+    write(
+        file('before-local-services.json'),
+        replaced.replace('own-voice-key', `local-${'x'.repeat(32)}`),
+    );
+    assert.match(run(home, 'disable').stderr, /used before as volcengine.apiKey: enter/);
+    write(file('before-local-services.json'), replaced);
+    assert.equal(run(home, 'disable').status, 0);
+    assert.equal(home.read(), configuration);
 });

@@ -1,23 +1,37 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
+import { randomBytes } from 'node:crypto';
 import { existsSync, readFileSync } from 'node:fs';
 
 import { settingsFile } from './folders.mjs';
 import { writeOwnFile } from './own-file.mjs';
 
+/** A fresh key of the companion's. */
+export const makeKey = () => `local-${randomBytes(24).toString('base64url')}`;
+
+/** Whether a key was made for a companion, this or an earlier one. */
+export const isCompanionKey = (key) => /^local-[\w-]{32}$/.test(key);
+
+function parsed(text) {
+    try {
+        return JSON.parse(text);
+    } catch {
+        return undefined;
+    }
+}
+
 /**
- * The companion's own settings, or nothing before the first `enable`.
+ * The companion's own settings.
  *
  * @returns {{port: number, key: string, language: string}|undefined} `language` is the one last
- *     enabled
- * @throws {Error} when the file is damaged
+ *     enabled; nothing before the first `enable`, or when the file is damaged
  */
 export function readSettings() {
     if (!existsSync(settingsFile())) return undefined;
-    const settings = JSON.parse(readFileSync(settingsFile(), 'utf8'));
-    if (!Number.isInteger(settings?.port) || typeof settings.key !== 'string' || !settings.key)
-        throw new Error(`${settingsFile()} is damaged; remove it and enable again`);
+    const settings = parsed(readFileSync(settingsFile(), 'utf8'));
+    const { port, key } = settings ?? {};
+    if (!Number.isInteger(port) || typeof key !== 'string' || !key) return undefined;
     return { language: 'auto', ...settings };
 }
 

@@ -57,9 +57,16 @@ function completed(text) {
     );
 }
 
-/** The service values of the configuration as it is now. */
+/**
+ * The service values of the configuration as it is now.
+ *
+ * @throws {Error} when the file cannot be read, or `writeServiceValues` could not change it
+ */
 export function serviceValues() {
-    const root = JSON.parse(completed(readText()));
+    const text = completed(readText());
+    // Tells what would be in the way of a change.
+    replaceValues(text, Object.fromEntries(servicePaths.map((path) => [path, ''])));
+    const root = JSON.parse(text);
     return Object.fromEntries(
         servicePaths.map((path) => {
             const [part, name] = path.split('.');

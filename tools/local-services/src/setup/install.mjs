@@ -7,11 +7,11 @@ import {
     copyFileSync,
     cpSync,
     existsSync,
-    mkdirSync,
     mkdtempSync,
     readdirSync,
     readFileSync,
     rmSync,
+    statSync,
     writeFileSync,
 } from 'node:fs';
 import { createRequire } from 'node:module';
@@ -104,20 +104,30 @@ async function installModel(folder, { package: pin, extract, manifest }) {
     return true;
 }
 
+const programParts = [
+    'wrenfold-local.mjs',
+    'package.json',
+    'package-lock.json',
+    '.npmrc',
+    'src',
+    'models',
+    'licences',
+];
+
+function filesIn(path) {
+    if (!statSync(path).isDirectory()) return [path];
+    return readdirSync(path).flatMap((name) => filesIn(join(path, name)));
+}
+
 /** A copy of this program that needs no source tree. */
 export function installProgram() {
     if (source.startsWith(programFolder())) return;
+    const files = programParts.flatMap((part) => filesIn(join(source, part)));
+    const digest = sha256(files.map((file) => `${file} ${readFileSync(file, 'utf8')}`).join('\0'));
+    if (readIfThere(join(programFolder(), 'installed')) === digest) return;
     replaceFolder(programFolder(), (folder) => {
-        mkdirSync(folder, { recursive: true });
-        for (const part of [
-            'wrenfold-local.mjs',
-            'package.json',
-            'package-lock.json',
-            '.npmrc',
-            'src',
-            'models',
-            'licences',
-        ])
+        for (const part of programParts)
             cpSync(join(source, part), join(folder, part), { recursive: true });
+        writeFileSync(join(folder, 'installed'), digest);
     });
 }

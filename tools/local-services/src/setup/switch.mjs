@@ -3,11 +3,14 @@
 
 import { existsSync, readFileSync, rmSync } from 'node:fs';
 
-import { serviceValues, writeServiceValues } from './application-configuration.mjs';
-import { isApplicationRunning } from './application-lock.mjs';
-import { replacedFile } from '../settings/folders.mjs';
+import { applicationFile, replacedFile } from '../settings/folders.mjs';
 import { writeOwnFile } from '../settings/own-file.mjs';
 import { origin, recognitionPath } from '../settings/service-address.mjs';
+import { isCompanionKey } from '../settings/settings.mjs';
+import { servicePaths, serviceValues, writeServiceValues } from './application-configuration.mjs';
+import { isApplicationRunning } from './application-lock.mjs';
+
+const keyPaths = servicePaths.filter((path) => path.endsWith('.apiKey'));
 
 function companionValues({ port, key, language }) {
     const query = language === 'auto' ? '' : `?language=${language}`;
@@ -19,12 +22,33 @@ function companionValues({ port, key, language }) {
     };
 }
 
-/** Whether a value leads to the companion, whatever the language. */
-const isCompanions = (value, { port, key }) =>
-    value === key || value === origin(port) || String(value).startsWith(`${origin(port)}/`);
+const originOf = (address) => String(address).match(/^https?:\/\/[^/?]*/)?.[0];
 
-const readReplaced = () =>
-    existsSync(replacedFile()) ? JSON.parse(readFileSync(replacedFile(), 'utf8')) : {};
+/**
+ * The paths of the values that lead to a companion, this or an earlier one: keys of its form, and
+ * addresses on its port or on that of an address beside such a key.
+ */
+function companionPaths(values, settings) {
+    const keys = keyPaths.filter((path) => isCompanionKey(values[path]));
+    const addresses = servicePaths.filter((path) => !keyPaths.includes(path));
+    const origins = addresses
+        .filter((path) => keys.some((key) => key.split('.')[0] === path.split('.')[0]))
+        .map((path) => originOf(values[path]));
+    if (settings) origins.push(origin(settings.port));
+    const own = origins.filter((each) => each?.startsWith(origin('')));
+    return [...keys, ...addresses.filter((path) => own.includes(originOf(values[path])))];
+}
+
+/** What `switchOn` replaced. A companion's key is none of the user's, however it came there. */
+function readReplaced() {
+    if (!existsSync(replacedFile())) return {};
+    try {
+        const values = Object.entries(JSON.parse(readFileSync(replacedFile(), 'utf8')));
+        return Object.fromEntries(values.filter(([, value]) => !isCompanionKey(value)));
+    } catch {
+        throw new Error(`${replacedFile()}, which keeps what Wrenfold used before, is damaged`);
+    }
+}
 
 function refuseWhileRunning() {
     if (isApplicationRunning())
@@ -34,39 +58,70 @@ function refuseWhileRunning() {
 }
 
 /**
+ * What switching on replaces, with what was replaced before.
+ *
+ * @param {{port: number}} [earlier] the settings until now
+ * @throws {Error} when the application runs, its configuration cannot be changed, or a value that
+ *     is kept would be lost
+ */
+export function valuesToKeep(earlier) {
+    refuseWhileRunning();
+    const values = serviceValues();
+    const own = companionPaths(values, earlier);
+    const replaced = readReplaced();
+    for (const path of servicePaths.filter((each) => !own.includes(each))) {
+        if ((replaced[path] ?? values[path]) !== values[path])
+            throw new Error(
+                `${path} was changed since the local services were enabled: ` +
+                    'scripts/local disable first',
+            );
+        replaced[path] = values[path];
+    }
+    return replaced;
+}
+
+/**
  * Lets the application use the companion, and keeps what that replaces.
  *
  * @param {{port: number, key: string, language: string}} settings
- * @throws {Error} when the application runs, or its configuration cannot be read or written
+ * @param {{port: number}} [earlier] the settings until now
+ * @throws {Error} as `valuesToKeep`, and when a file cannot be written
  */
-export function switchOn(settings) {
-    refuseWhileRunning();
-    const replaced = readReplaced();
-    for (const [path, value] of Object.entries(serviceValues()))
-        if (!isCompanions(value, settings)) replaced[path] = value;
-    writeOwnFile(replacedFile(), `${JSON.stringify(replaced, null, 2)}\n`);
+export function switchOn(settings, earlier) {
+    const replaced = valuesToKeep(earlier);
+    if (Object.keys(replaced).length)
+        writeOwnFile(replacedFile(), `${JSON.stringify(replaced, null, 2)}\n`);
     writeServiceValues(companionValues(settings));
 }
 
 /**
  * Puts back what `switchOn` replaced, but for values that were changed by hand since.
  *
- * @param {{port: number, key: string}} settings
+ * @param {{port: number}} [settings]
  * @returns {string[]} the values that lead elsewhere already and stay
- * @throws {Error} as `switchOn`
+ * @throws {Error} as `switchOn`, and when it is not known what to put back; nothing is changed then
  */
 export function switchOff(settings) {
     refuseWhileRunning();
+    const values = serviceValues();
+    const own = companionPaths(values, settings);
     const replaced = readReplaced();
-    const current = serviceValues();
-    const paths = Object.keys(replaced);
-    const back = paths.filter((path) => isCompanions(current[path], settings));
-    writeServiceValues(Object.fromEntries(back.map((path) => [path, replaced[path]])));
+    const missing = own.filter((path) => !Object.hasOwn(replaced, path));
+    if (missing.length)
+        throw new Error(
+            `${replacedFile()} does not tell what Wrenfold used before as ${missing.join(', ')}: ` +
+                `enter that in ${applicationFile()}, then disable again`,
+        );
+    writeServiceValues(Object.fromEntries(own.map((path) => [path, replaced[path]])));
     rmSync(replacedFile(), { force: true });
-    return paths.filter((path) => !back.includes(path) && current[path] !== replaced[path]);
+    const others = Object.keys(replaced).filter((path) => !own.includes(path));
+    return others.filter((path) => values[path] !== replaced[path]);
 }
 
 /** Whether the application's configuration leads to the companion, all four values of it. */
 export function isSwitchedOn(settings) {
-    return Object.values(serviceValues()).every((value) => isCompanions(value, settings));
+    const values = serviceValues();
+    return Object.entries(companionValues(settings)).every(
+        ([path, value]) => String(values[path]).split('?')[0] === value.split('?')[0],
+    );
 }

@@ -2,7 +2,15 @@
 // SPDX-License-Identifier: MIT
 
 import { spawnSync } from 'node:child_process';
-import { mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import {
+    mkdirSync,
+    mkdtempSync,
+    readdirSync,
+    readFileSync,
+    rmSync,
+    statSync,
+    writeFileSync,
+} from 'node:fs';
 import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -18,6 +26,13 @@ export function temporaryHome(context, environment = {}) {
         path: (...names) => join(home, ...names),
         environment: { PATH, XDG_DATA_HOME, HOME: home, XDG_RUNTIME_DIR: home, ...environment },
     };
+}
+
+/** The files below a home, and what is in them. */
+export function contents(home) {
+    const names = readdirSync(home.path(), { recursive: true }).sort();
+    const files = names.filter((name) => statSync(home.path(name)).isFile());
+    return files.map((name) => [name, readFileSync(home.path(name), 'utf8')]);
 }
 
 /** Writes a file and its folders. */
