@@ -3,10 +3,10 @@
 
 import assert from 'node:assert/strict';
 import { spawnSync } from 'node:child_process';
-import { cpSync, existsSync, readdirSync, readFileSync } from 'node:fs';
+import { cpSync, existsSync, lstatSync, readdirSync, readFileSync } from 'node:fs';
 import test from 'node:test';
 
-import { engineFolder, modelsFolder } from '../src/settings/folders.mjs';
+import { engineFolder, modelsFolder, programFolder } from '../src/settings/folders.mjs';
 import { run, temporaryHome, write } from './support/home.mjs';
 
 /** A home without anything installed, and an npm that does what a line of shell says. */
@@ -60,6 +60,7 @@ test('What is installed is complete, has its licences and is not fetched again',
     );
     const tokens = readFileSync(`${model}/tokens.txt`, 'utf8').split('\n');
     assert.deepEqual([tokens[3], tokens[31999], tokens.length], ['AA==\t3', '57uZ\t31999', 32001]);
+    assert.ok(lstatSync(`${programFolder()}/prompts`).isDirectory(), 'no link to the source tree');
     const home = homeWithNpm(context, 'exit 1');
     home.environment.XDG_DATA_HOME = process.env.XDG_DATA_HOME;
     assert.deepEqual(run(home, 'install'), { status: 0, stdout: '', stderr: '' });

@@ -15,10 +15,7 @@ const sentenceStart = '(?<=^|[.!?。！？]\\s*)';
 const more = '(?=["“]?[\\p{L}\\p{N}])';
 
 const hesitation = `(?:${alone(words.hesitations)}|${words.hanHesitations})`;
-const wholeSentence = new RegExp(
-    `${sentenceStart}${hesitation}(?:\\.+|。|…+)\\s*${more}`,
-    'gu',
-);
+const wholeSentence = new RegExp(`${sentenceStart}${hesitation}(?:\\.+|。|…+)\\s*${more}`, 'gu');
 const sound =
     `(?:${alone(`${words.hesitations}|${words.answers}`)}|${words.hanHesitations}|` +
     `${words.hanAnswers}|${words.hanAnswersSetOff})`;
@@ -45,7 +42,8 @@ function surroundings(whole, offset, length) {
 
 /** What is left where a filler was; a comma stays unless the words beside it belong together. */
 function seam(head, marks, rest) {
-    if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest) || /["“(（：。！？]$/u.test(head)) return '';
+    if (!head || !rest || /^[,.!?;，。！？；]/u.test(rest) || /["“(（：。！？]$/u.test(head))
+        return '';
     if (/[.!?;:…]$/u.test(head)) return ' ';
     const comma = marks.match(/[,，、]/u)?.[0];
     if (!comma) return ' ';

@@ -12,8 +12,7 @@ const narrow = Object.fromEntries(Object.entries(wide).map(([from, to]) => [to, 
 narrow['、'] = ',';
 
 // Marks that belong to no number, time, address or name of a file.
-const halfMarks =
-    /\s*(\.{3,}|(?<![!-~](?=[,.?!:;][!-~]))(?!\.[\p{sc=Latin}\p{N}])[,.?!:;])\s*/gu;
+const halfMarks = /\s*(\.{3,}|(?<![!-~](?=[,.?!:;][!-~]))(?!\.[\p{sc=Latin}\p{N}])[,.?!:;])\s*/gu;
 
 function widened(all, mark, offset, sentence) {
     const head = sentence.slice(Math.max(0, offset - 8), offset + 1);
@@ -25,9 +24,7 @@ function widened(all, mark, offset, sentence) {
 /** The marks of one sentence, as its language writes them. */
 function marks(sentence) {
     if (isChinese(sentence))
-        return sentence
-            .replace(halfMarks, widened)
-            .replace(/\s+(?=[，。？！：；、])/gu, '');
+        return sentence.replace(halfMarks, widened).replace(/\s+(?=[，。？！：；、])/gu, '');
     return sentence
         .replace(
             /\s*([，。？！：；、])\s*(["”’)）]?)/gu,

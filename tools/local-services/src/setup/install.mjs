@@ -111,6 +111,7 @@ const programParts = [
     '.npmrc',
     'src',
     'models',
+    'prompts',
     'licences',
 ];
 
@@ -127,7 +128,7 @@ export function installProgram() {
     if (readIfThere(join(programFolder(), 'installed')) === digest) return;
     replaceFolder(programFolder(), (folder) => {
         for (const part of programParts)
-            cpSync(join(source, part), join(folder, part), { recursive: true });
+            cpSync(join(source, part), join(folder, part), { recursive: true, dereference: true });
         writeFileSync(join(folder, 'installed'), digest);
     });
 }

@@ -13,4 +13,5 @@ export const questionWords = new Set(
 export const negations = new Set('no not never none nor neither'.split(' '));
 
 /** The same in Chinese, with auxiliaries, numbers, and verbs whose object is a clause. */
-export const hanRefused = /[不没别未无谁何哪怎什吗是会能可该要知说零〇一二三四五六七八九十百千万亿两]/u;
+export const hanRefused =
+    /[不没别未无谁何哪怎什吗是会能可该要知说零〇一二三四五六七八九十百千万亿两]/u;
