@@ -52,7 +52,7 @@ function seam(head, marks, rest) {
     return breaksOff(head) || prepositions.has(next) ? ' ' : ', ';
 }
 
-function withoutSound(match, left, sound, right, offset, whole) {
+function withoutSound(match, left, said, right, offset, whole) {
     const [head, rest] = surroundings(whole, offset, match.length);
     const isSentence = /(?:^|[.!?。！？])$/u.test(head) && /^(?:$|[.!?。！？])/u.test(rest);
     const isQuoted = /["“‘「（(—–-]$/u.test(head) && /^["”’」）)—–-]/u.test(rest);

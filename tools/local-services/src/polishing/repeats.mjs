@@ -82,5 +82,5 @@ export function removeRepeats(text) {
                 kept.splice(-2 * size, size);
         }
     }
-    return kept.reduceRight((all, { before, text }) => all + before + text, '') + tail;
+    return kept.reduceRight((all, { before, text: word }) => all + before + word, '') + tail;
 }
