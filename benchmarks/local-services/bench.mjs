@@ -7,6 +7,7 @@
 
 import { Companion } from './companion.mjs';
 import { makeCorpus } from './corpus.mjs';
+import { disturbed } from './disturbances.mjs';
 import { recogniseWithPocketsphinx } from './pocketsphinx.mjs';
 import { Results } from './results.mjs';
 import { wordErrorRate } from './word-errors.mjs';
@@ -74,5 +75,17 @@ async function accuracy() {
     results.add({ name: 'Local: memory, both processes', unit: 'MB', values: [memory] });
 }
 
+async function losses() {
+    const companion = await Companion.waitingForItsFirstConnection();
+    const clean = recordings.filter(({ noise }) => noise === 'clean');
+    const all = disturbed(folder, clean);
+    let lost = 0;
+    for (const { file } of all) if (!(await companion.recognise(file)).text) ++lost;
+    await companion.stop();
+    const name = `Local: lost of ${all.length} with clicks, noise, pauses`;
+    results.add({ name, unit: '', values: [lost] });
+}
+
 await firstRequests();
 await accuracy();
+await losses();

@@ -7,9 +7,10 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import test from 'node:test';
 
+import { decodeWave } from '../src/recognition/wave-file.mjs';
 import { modelsFolder } from '../src/settings/folders.mjs';
 import { ask, key, recognition, recording, startServices } from './support/services.mjs';
-import { silence, speech, wave } from './support/sound.mjs';
+import { joined, noiseSource, silence, speech, wave } from './support/sound.mjs';
 
 const sentence = 'Please move the meeting to Thursday at three in the afternoon.';
 const spoken = speech(sentence);
@@ -50,6 +51,26 @@ test('Speech is recognised, at any rate, in any format and beyond the length of 
     assert.equal(corrected.text, 'Please move the meeting to THURSDAY at three in the afternoon.');
     assert.equal(lines.filter((line) => /audioSeconds=3\.\d\d /.test(line)).length, 6);
     assert.doesNotMatch(lines.join('\n'), /thursday|meeting|key-of/i);
+});
+
+test('Clicks, noise and pauses before the first word lose none', async (context) => {
+    const { port } = await startServices(context, modelsFolder());
+    const { samples } = decodeWave(spoken);
+    const next = noiseSource(7);
+    const noise = (seconds, loudness) =>
+        new Float32Array(seconds * 16000).map(() => loudness * next());
+    const click = noise(0.015, 0.15);
+    for (const [name, ...before] of [
+        ['click, 1 s', click, noise(1, 0)],
+        ['click, 2.5 s', click, noise(2.5, 0)],
+        ['noise', noise(2, 0.03)],
+        ['louder noise, 1 s', noise(2, 0.08), noise(1, 0)],
+    ]) {
+        const { text } = await ask(port, recognition, recording(wave(joined([...before, samples]))));
+        assert.equal(text, sentence, name);
+    }
+    const onlyNoise = await ask(port, recognition, recording(wave(noise(3, 0.1))));
+    assert.equal(onlyNoise.code, '20000003');
 });
 
 test('What cannot be recognised is answered in the form of the service', async (context) => {

@@ -53,26 +53,68 @@ export function splitAtPauses(samples, sampleRate, longest) {
     return pieces;
 }
 
-const edgeSeconds = 0.3;
 const edgeFrameSeconds = 0.01;
+// A click or a knock is over sooner than a syllable; a pause inside speech is shorter than one
+// before it.
+const shortestSpeechSeconds = 0.12;
+const longestGapSeconds = 0.3;
+// How long a sound has to last for its loudness to be that of the speech.
+const loudnessSeconds = 0.2;
+
+/** How the edges of speech are found: the least loudness beside the loudest, and what is kept. */
+export const edgeCuts = [
+    { least: 0.05, edgeSeconds: 0.3 },
+    { least: 0.2, edgeSeconds: 0.1 },
+];
+
+/** The greatest mean of so many neighbouring numbers. */
+function greatestMean(numbers, count) {
+    let sum = 0;
+    let greatest = 0;
+    numbers.forEach((number, index) => {
+        sum += number - (numbers[index - count] ?? 0);
+        greatest = Math.max(greatest, sum);
+    });
+    return greatest / count;
+}
+
+/** Where frames are active, as [first, last, how many], gaps of a few frames bridged. */
+function stretches(isActive, longestGap) {
+    const found = [];
+    isActive.forEach((active, index) => {
+        if (!active) return;
+        const last = found.at(-1);
+        if (last && index - last[1] <= longestGap) last.splice(1, 2, index, last[2] + 1);
+        else found.push([index, index, 1]);
+    });
+    return found;
+}
 
 /**
- * The same sound with equally much silence before and behind it: how long somebody waits with the
- * first word must not change what is heard.
+ * The same sound with equally much silence before and behind the speech: how long somebody waits
+ * with the first word, and what clicks meanwhile, must not change what is heard.
  *
- * @returns {Float32Array} 0.3 s longer on both sides than what is louder than 2 % of the loudest
+ * @param {{least: number, edgeSeconds: number}} cut one of `edgeCuts`
+ * @returns {Float32Array} from the first to the last sound that lasts like a syllable, and the edge
+ *     on both sides
  */
-export function withEvenEdges(samples, sampleRate) {
+export function withEvenEdges(samples, sampleRate, { least, edgeSeconds }) {
     const frame = Math.round(edgeFrameSeconds * sampleRate);
+    const frames = (seconds) => Math.round(seconds / edgeFrameSeconds);
     const powers = [];
     for (let at = 0; at + frame <= samples.length; at += frame)
         powers.push(power(samples, at, at + frame));
-    const loudest = powers.reduce((a, b) => Math.max(a, b), 0);
-    const isLoud = (each) => each >= Math.max(silenceRms, 0.02 * Math.sqrt(loudest)) ** 2;
-    const first = powers.findIndex(isLoud);
-    if (first < 0) return samples;
+    const loudness = Math.sqrt(greatestMean(powers, frames(loudnessSeconds)));
+    const threshold = Math.max(silenceRms, least * loudness) ** 2;
+    const all = stretches(
+        powers.map((each) => each >= threshold),
+        frames(longestGapSeconds),
+    );
+    const lasting = all.filter(([, , count]) => count >= frames(shortestSpeechSeconds));
+    const speech = lasting.length ? lasting : all;
+    if (!speech.length) return samples;
     const edge = Math.round(edgeSeconds * sampleRate);
-    const [begin, end] = [first * frame - edge, (powers.findLastIndex(isLoud) + 1) * frame + edge];
+    const [begin, end] = [speech[0][0] * frame - edge, (speech.at(-1)[1] + 1) * frame + edge];
     const even = new Float32Array(end - begin);
     even.set(samples.subarray(Math.max(0, begin), end), Math.max(0, -begin));
     return even;

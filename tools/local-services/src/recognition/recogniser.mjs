@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
-import { isSilent, splitAtPauses, withEvenEdges } from './pauses.mjs';
+import { edgeCuts, isSilent, splitAtPauses, withEvenEdges } from './pauses.mjs';
 import { engineOptions, takesHotwords } from './model-types.mjs';
 import { RecognitionWorker } from './worker.mjs';
 
@@ -56,10 +56,9 @@ export class Recogniser {
         for (const piece of splitAtPauses(samples, sampleRate, longestPieceSeconds)) {
             signal.throwIfAborted();
             if (isSilent(piece, sampleRate)) continue;
-            const sound = withEvenEdges(piece, sampleRate);
             const worker = this.#workerFor(model, language);
             try {
-                texts.push((await worker.recognise(sound, sampleRate, hotwords)).trim());
+                texts.push(await heardIn(piece, sampleRate, hotwords, worker));
                 this.#hasWorked = true;
             } catch (error) {
                 if (worker.hasFailed && this.#hasWorked) this.#workerFor(model, language);
@@ -80,6 +79,16 @@ export class Recogniser {
         }
         return this.#worker;
     }
+}
+
+/** The words in a piece. Small models hear nothing at all when it does not begin with speech. */
+async function heardIn(piece, sampleRate, hotwords, worker) {
+    for (const cut of edgeCuts) {
+        const sound = withEvenEdges(piece, sampleRate, cut);
+        const text = (await worker.recognise(sound, sampleRate, hotwords)).trim();
+        if (text) return text;
+    }
+    return '';
 }
 
 /** The engine's way to write a list; its own signs cannot be part of a word. */

@@ -27,6 +27,18 @@ export function wave(samples, { sampleRate = 16000, channels = 1, format = 1, bi
 export const silence = (seconds, sampleRate = 16000) =>
     wave(new Float32Array(Math.round(seconds * sampleRate)), { sampleRate });
 
+/** Numbers between -1 and 1 without order, the same for the same seed. */
+export function noiseSource(seed) {
+    let state = seed;
+    return () => {
+        state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
+        return state / 2 ** 31 - 1;
+    };
+}
+
+/** Pieces of sound one after another. */
+export const joined = (parts) => Float32Array.from(parts.flatMap((part) => [...part]));
+
 /**
  * A spoken sentence as a WAV file.
  *
