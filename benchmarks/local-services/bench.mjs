@@ -5,11 +5,16 @@
 // Measures the local recogniser on spoken sentences, beside pocketsphinx on the same sound. The
 // sound goes to the folder, the rows are appended to the file.
 
+import { readLanguage } from '../../tools/local-services/src/recognition/language.mjs';
+import { editDistance } from '../../tools/local-services/src/recognition/spelling-distance.mjs';
+import { correctTerms } from '../../tools/local-services/src/recognition/terms.mjs';
+import { engineFolder } from '../../tools/local-services/src/setup/folders.mjs';
 import { Companion } from './companion.mjs';
 import { makeCorpus } from './corpus.mjs';
 import { disturbed } from './disturbances.mjs';
 import { recogniseWithPocketsphinx } from './pocketsphinx.mjs';
 import { Results } from './results.mjs';
+import { misheard, ordinary, terms } from './term-sentences.mjs';
 import { wordErrorRate } from './word-errors.mjs';
 
 const rounds = 5;
@@ -86,6 +91,18 @@ async function losses() {
     results.add({ name, unit: '', values: [lost] });
 }
 
+function dictionary() {
+    const language = readLanguage(engineFolder());
+    const corrected = (sentence) => correctTerms(sentence, terms, language);
+    const changes = (sentence) => editDistance(sentence.split(' '), corrected(sentence).split(' '));
+    const changed = ordinary.map(changes).reduce((a, b) => a + b, 0);
+    const right = misheard.filter(([heard, meant]) => corrected(heard) === meant).length;
+    const added = (name, value) => results.add({ name, unit: '', values: [value] });
+    added(`Local: words changed in ${ordinary.length} sentences`, changed);
+    added(`Local: terms put right of ${misheard.length} misheard`, right);
+}
+
+dictionary();
 await firstRequests();
 await accuracy();
 await losses();

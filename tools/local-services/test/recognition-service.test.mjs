@@ -66,7 +66,11 @@ test('Clicks, noise and pauses before the first word lose none', async (context)
         ['noise', noise(2, 0.03)],
         ['louder noise, 1 s', noise(2, 0.08), noise(1, 0)],
     ]) {
-        const { text } = await ask(port, recognition, recording(wave(joined([...before, samples]))));
+        const { text } = await ask(
+            port,
+            recognition,
+            recording(wave(joined([...before, samples]))),
+        );
         assert.equal(text, sentence, name);
     }
     const onlyNoise = await ask(port, recognition, recording(wave(noise(3, 0.1))));

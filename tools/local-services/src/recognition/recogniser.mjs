@@ -34,7 +34,7 @@ export class Recogniser {
      * @param {object} recording samples and sampleRate, as `decodeWave` returns them
      * @param {object} model as `readModel` returns it
      * @param {string} language `auto` or a code
-     * @param {string[]} terms words to expect
+     * @param {string[]} terms words to expect, and to put right
      * @param {AbortSignal} signal gives the recording up, at the latest after a piece of 15 s
      * @returns {Promise<string>} empty when nothing was said
      * @throws {EngineError}
@@ -56,16 +56,27 @@ export class Recogniser {
         for (const piece of splitAtPauses(samples, sampleRate, longestPieceSeconds)) {
             signal.throwIfAborted();
             if (isSilent(piece, sampleRate)) continue;
-            const worker = this.#workerFor(model, language);
-            try {
-                texts.push(await heardIn(piece, sampleRate, hotwords, worker));
-                this.#hasWorked = true;
-            } catch (error) {
-                if (worker.hasFailed && this.#hasWorked) this.#workerFor(model, language);
-                throw error;
-            }
+            texts.push(
+                await this.#with(model, language, (worker) =>
+                    heardIn(piece, sampleRate, hotwords, worker),
+                ),
+            );
         }
-        return join(texts.filter(Boolean));
+        const text = join(texts.filter(Boolean));
+        if (!text || !terms.length) return text;
+        return this.#with(model, language, (worker) => worker.correct(text, terms));
+    }
+
+    async #with(model, language, work) {
+        const worker = this.#workerFor(model, language);
+        try {
+            const result = await work(worker);
+            this.#hasWorked = true;
+            return result;
+        } catch (error) {
+            if (worker.hasFailed && this.#hasWorked) this.#workerFor(model, language);
+            throw error;
+        }
     }
 
     #workerFor(model, language) {

@@ -61,21 +61,37 @@ export class RecognitionWorker {
      * @returns {Promise<string>}
      * @throws {EngineError}
      */
-    async recognise(samples, sampleRate, hotwords) {
-        await this.#ready;
-        if (this.#problem) throw new EngineError(this.#problem);
-        const id = ++this.#lastId;
-        const answer = new Promise((resolve, reject) => {
-            this.#waiting = { id, resolve, reject };
-        });
-        this.#child.send({ id, samples, sampleRate, hotwords });
-        return this.#limit(answer);
+    recognise(samples, sampleRate, hotwords) {
+        return this.#ask({ samples, sampleRate, hotwords });
+    }
+
+    /**
+     * A transcript with the user's terms put right. To be called again only after the answer.
+     *
+     * @param {string} transcript
+     * @param {string[]} terms
+     * @returns {Promise<string>}
+     * @throws {EngineError}
+     */
+    correct(transcript, terms) {
+        return this.#ask({ transcript, terms });
     }
 
     /** Ends the process. */
     stop() {
         this.#fail('was stopped');
         this.#child.kill('SIGKILL');
+    }
+
+    async #ask(request) {
+        await this.#ready;
+        if (this.#problem) throw new EngineError(this.#problem);
+        const id = ++this.#lastId;
+        const answer = new Promise((resolve, reject) => {
+            this.#waiting = { id, resolve, reject };
+        });
+        this.#child.send({ id, ...request });
+        return this.#limit(answer);
     }
 
     #limit(answer) {

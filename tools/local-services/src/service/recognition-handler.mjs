@@ -4,7 +4,6 @@
 import { existsSync } from 'node:fs';
 
 import { chooseModel, listModels } from '../recognition/models.mjs';
-import { correctTerms } from '../recognition/terms.mjs';
 import { EngineError } from '../recognition/worker.mjs';
 import { engineFolder } from '../settings/folders.mjs';
 import { isSameText } from '../settings/key-proof.mjs';
@@ -87,7 +86,7 @@ export class RecognitionHandler {
             `Recognised. model=${model.name} audioSeconds=${seconds.toFixed(2)} ` +
                 `seconds=${((performance.now() - start) / 1000).toFixed(2)}`,
         );
-        return correctTerms(heard, terms);
+        return heard;
     }
 
     #modelFor(language) {
