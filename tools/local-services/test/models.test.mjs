@@ -63,12 +63,24 @@ test('A manifest that cannot be used says why, and harms no other model', (conte
         'e-licence': [{ ...good, licence: undefined }, /the licence/],
     };
     for (const [name, [manifest]] of Object.entries(rows)) writeModel(home, name, manifest);
-    write(home.path('f-json', 'manifest.json'), '{');
+    const wrongShapes = {
+        '{': /manifest.json/,
+        null: /not a JSON object/,
+        '"x"': /not a JSON object/,
+        '[]': /the type/,
+        '{"type": ["whisper"]}': /the type/,
+        [JSON.stringify({ ...good, files: null })]: /no file for "model"/,
+        [JSON.stringify({ ...good, languages: null })]: /the languages/,
+        [JSON.stringify({ ...good, modelingUnit: {} })]: /modelingUnit/,
+    };
+    for (const [index, text] of Object.keys(wrongShapes).entries())
+        write(home.path(`shape${index}`, 'manifest.json'), text);
     writeModel(home, 'good', good);
     const found = Object.fromEntries(listModels(home.path()).map((each) => [each.name, each]));
     for (const [name, [, problem]] of Object.entries(rows))
         assert.match(found[name].problem, problem);
-    assert.match(found['f-json'].problem, /manifest.json/);
+    for (const [index, problem] of Object.values(wrongShapes).entries())
+        assert.match(found[`shape${index}`].problem, problem);
     assert.equal(found.good.model.licence, 'MIT');
 });
 

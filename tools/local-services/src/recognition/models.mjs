@@ -10,11 +10,15 @@ import { modelTypes } from './model-types.mjs';
 export class ModelError extends Error {}
 
 function manifestOf(folder) {
+    let manifest;
     try {
-        return JSON.parse(readFileSync(join(folder, 'manifest.json'), 'utf8'));
+        manifest = JSON.parse(readFileSync(join(folder, 'manifest.json'), 'utf8'));
     } catch (error) {
         throw new ModelError(`manifest.json: ${error.message}`);
     }
+    if (manifest === null || typeof manifest !== 'object')
+        throw new ModelError('manifest.json: not a JSON object');
+    return manifest;
 }
 
 function filePath(folder, role, name) {
@@ -36,12 +40,15 @@ function filePath(folder, role, name) {
  */
 export function readModel(folder) {
     const { type, languages, licence, description = '', files, modelingUnit } = manifestOf(folder);
-    const known = Object.hasOwn(modelTypes, type) && modelTypes[type];
+    const known = typeof type === 'string' && Object.hasOwn(modelTypes, type) && modelTypes[type];
     if (!known) throw new ModelError(`the type is none of ${Object.keys(modelTypes).join(', ')}`);
     if (!Array.isArray(languages) || !languages.length || !languages.every(isLanguageCode))
         throw new ModelError('the manifest does not name the languages');
     if (typeof licence !== 'string' || !licence)
         throw new ModelError('the manifest does not name the licence');
+    for (const text of [description, modelingUnit ?? ''])
+        if (typeof text !== 'string')
+            throw new ModelError('the description or the modelingUnit is no text');
     const optional = (known.optionalFiles ?? []).filter((role) => files?.[role] !== undefined);
     const paths = [...known.files, ...optional].map((role) => [
         role,
