@@ -10,7 +10,7 @@ import { editDistance } from '../../tools/local-services/src/recognition/spellin
 import { correctTerms } from '../../tools/local-services/src/recognition/terms.mjs';
 import { engineFolder } from '../../tools/local-services/src/setup/folders.mjs';
 import { Companion } from './companion.mjs';
-import { makeCorpus } from './corpus.mjs';
+import { makeCorpus, makeLanguages } from './corpus.mjs';
 import { disturbed } from './disturbances.mjs';
 import { recogniseWithPocketsphinx } from './pocketsphinx.mjs';
 import { Results } from './results.mjs';
@@ -102,7 +102,24 @@ function dictionary() {
     added(`Local: terms put right of ${misheard.length} misheard`, right);
 }
 
+async function languages() {
+    const { english, mandarin } = makeLanguages(folder);
+    const companion = await Companion.waitingForItsFirstConnection();
+    const answered = async (all) => {
+        let count = 0;
+        for (const { file } of all) if ((await companion.recognise(file)).text) ++count;
+        return count;
+    };
+    const refused = english.length - (await answered(english));
+    const invented = await answered(mandarin);
+    await companion.stop();
+    const added = (name, value) => results.add({ name, unit: '', values: [value] });
+    added(`Local: refused of ${english.length} in English`, refused);
+    added(`Local: English invented for ${mandarin.length} in Mandarin`, invented);
+}
+
 dictionary();
 await firstRequests();
 await accuracy();
 await losses();
+await languages();

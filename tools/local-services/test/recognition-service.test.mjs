@@ -10,7 +10,7 @@ import test from 'node:test';
 import { decodeWave } from '../src/recognition/wave-file.mjs';
 import { modelsFolder } from '../src/settings/folders.mjs';
 import { ask, key, recognition, recording, startServices } from './support/services.mjs';
-import { joined, noiseSource, silence, speech, wave } from './support/sound.mjs';
+import { joined, mandarin, noiseSource, silence, speech, wave } from './support/sound.mjs';
 
 const sentence = 'Please move the meeting to Thursday at three in the afternoon.';
 const spoken = speech(sentence);
@@ -75,6 +75,21 @@ test('Clicks, noise and pauses before the first word lose none', async (context)
     }
     const onlyNoise = await ask(port, recognition, recording(wave(noise(3, 0.1))));
     assert.equal(onlyNoise.code, '20000003');
+});
+
+test('What is said in another language is refused, not made English', async (context) => {
+    const { port } = await startServices(context, modelsFolder());
+    for (const [pinyin, variant, speed] of [
+        // English words, others each time; letters that are not English.
+        ['yi1sheng1 rang4 ta1 duo1 he1shui3 zao3dian3 shui4jiao4', 'm7', 175],
+        ['wo3 xiang3 ding4 yi4zhang1 kao4 chuang1hu5 de5 zhuo1zi5', 'f4', 130],
+    ]) {
+        const file = mandarin(pinyin, variant, speed);
+        const heard = await ask(port, recognition, recording(file));
+        assert.deepEqual([heard.code, heard.text], ['45000001', undefined], heard.text);
+        assert.match(heard.message, /not understood \(English only\)/);
+    }
+    await assertWorks(port);
 });
 
 test('What cannot be recognised is answered in the form of the service', async (context) => {

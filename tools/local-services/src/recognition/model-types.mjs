@@ -7,10 +7,12 @@ const pick = (files, ...roles) => Object.fromEntries(roles.map((role) => [role, 
 /**
  * By the type that a manifest names: `files` are the roles that it must give a file for; `options`
  * makes the model's part of the engine's options from their paths and a language, `auto` or a code
- * of two or three letters. `takesHotwords` models are told which words to expect.
+ * of two or three letters. `takesHotwords` models are told which words to expect;
+ * those that `inventsWords` have some for speech in any language.
  */
 export const modelTypes = {
     moonshine: {
+        inventsWords: true,
         files: ['encoder', 'mergedDecoder', 'tokens'],
         options: (files) => ({ moonshine: pick(files, 'encoder', 'mergedDecoder') }),
     },

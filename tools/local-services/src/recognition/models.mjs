@@ -98,3 +98,11 @@ export function chooseModel(models, language) {
     if (language === 'auto') return byBreadth.at(-1);
     return byBreadth.find(({ languages }) => languages.includes(language));
 }
+
+const names = new Intl.DisplayNames(['en'], { type: 'language' });
+
+/** What a model understands, for a user to read, such as "English only". */
+export function languagesOf({ languages }) {
+    const known = languages.map((code) => names.of(code)).join(', ');
+    return languages.length === 1 ? `${known} only` : known;
+}

@@ -1,12 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 
+import { isForeign, isHeardAgain } from './agreement.mjs';
 import { edgeCuts, isSilent, splitAtPauses, withEvenEdges } from './pauses.mjs';
-import { engineOptions, takesHotwords } from './model-types.mjs';
+import { engineOptions, modelTypes, takesHotwords } from './model-types.mjs';
+import { languagesOf } from './models.mjs';
 import { RecognitionWorker } from './worker.mjs';
 
 // Models are made for a few sentences at a time; longer recordings are cut.
 const longestPieceSeconds = 15;
+
+/** Speech that the model has words for, but different ones whenever it is read. */
+export class NotUnderstood extends Error {}
 
 /**
  * Recognises recordings one after another, with one model in memory at a time. A worker that has
@@ -37,7 +42,7 @@ export class Recogniser {
      * @param {string[]} terms words to expect, and to put right
      * @param {AbortSignal} signal gives the recording up, at the latest after a piece of 15 s
      * @returns {Promise<string>} empty when nothing was said
-     * @throws {EngineError}
+     * @throws {EngineError|NotUnderstood}
      */
     recognise(recording, model, language, terms, signal) {
         const run = () => this.#recognise(recording, model, language, terms, signal);
@@ -53,16 +58,19 @@ export class Recogniser {
     async #recognise({ samples, sampleRate }, model, language, terms, signal) {
         const hotwords = takesHotwords(model) && terms.length ? biasing(terms) : undefined;
         const texts = [];
+        let isAgreed = !modelTypes[model.type].inventsWords || undefined;
         for (const piece of splitAtPauses(samples, sampleRate, longestPieceSeconds)) {
             signal.throwIfAborted();
             if (isSilent(piece, sampleRate)) continue;
-            texts.push(
-                await this.#with(model, language, (worker) =>
-                    heardIn(piece, sampleRate, hotwords, worker),
-                ),
+            const heard = await this.#with(model, language, (worker) =>
+                heardIn(piece, sampleRate, worker, hotwords, !isAgreed),
             );
+            if (!isAgreed) isAgreed = heard.isAgreed ?? isAgreed;
+            texts.push(heard.text);
         }
         const text = join(texts.filter(Boolean));
+        if (isAgreed === false || isForeign(text, model.languages))
+            throw new NotUnderstood(`the speech is not understood (${languagesOf(model)})`);
         if (!text || !terms.length) return text;
         return this.#with(model, language, (worker) => worker.correct(text, terms));
     }
@@ -92,14 +100,21 @@ export class Recogniser {
     }
 }
 
-/** The words in a piece. Small models hear nothing at all when it does not begin with speech. */
-async function heardIn(piece, sampleRate, hotwords, worker) {
+/**
+ * The words in a piece as { text }, and in doubt whether they are heard again, as `isAgreed`. Small
+ * models hear nothing at all when it does not begin with speech.
+ */
+async function heardIn(piece, sampleRate, worker, hotwords, isInDoubt) {
     for (const cut of edgeCuts) {
         const sound = withEvenEdges(piece, sampleRate, cut);
-        const text = (await worker.recognise(sound, sampleRate, hotwords)).trim();
-        if (text) return text;
+        const heardAt = async (pitch) =>
+            (await worker.recognise(sound, Math.round(pitch * sampleRate), hotwords)).trim();
+        const text = await heardAt(1);
+        if (!text) continue;
+        const isSecondTry = cut !== edgeCuts[0];
+        return { text, isAgreed: isInDoubt && (await isHeardAgain(text, isSecondTry, heardAt)) };
     }
-    return '';
+    return { text: '' };
 }
 
 /** The engine's way to write a list; its own signs cannot be part of a word. */

@@ -4,6 +4,7 @@
 import { existsSync } from 'node:fs';
 
 import { chooseModel, listModels } from '../recognition/models.mjs';
+import { NotUnderstood } from '../recognition/recogniser.mjs';
 import { EngineError } from '../recognition/worker.mjs';
 import { engineFolder } from '../settings/folders.mjs';
 import { isSameText } from '../settings/key-proof.mjs';
@@ -119,6 +120,8 @@ function asFailure(error, isBusy) {
             statusCodes.badRequest,
             `the body is longer than ${recordingLimit} bytes`,
         );
+    if (error instanceof NotUnderstood)
+        return new RecognitionFailure(statusCodes.badRequest, error.message);
     if (error instanceof EngineError)
         return new RecognitionFailure(
             statusCodes.failure,

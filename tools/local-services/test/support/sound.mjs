@@ -39,6 +39,17 @@ export function noiseSource(seed) {
 /** Pieces of sound one after another. */
 export const joined = (parts) => Float32Array.from(parts.flatMap((part) => [...part]));
 
+/** Mandarin, in Pinyin with tones, by a variant of the voice, as a WAV file. */
+export const mandarin = (pinyin, variant, speed) =>
+    execFileSync('espeak-ng', [
+        '-v',
+        `cmn-latn-pinyin+${variant}`,
+        '-s',
+        speed,
+        '--stdout',
+        pinyin,
+    ]);
+
 /**
  * A spoken sentence as a WAV file.
  *
