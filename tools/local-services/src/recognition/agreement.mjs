@@ -5,11 +5,11 @@
 
 import { editDistance } from './spelling-distance.mjs';
 
-// Faster and higher, slower and lower: the voice of somebody else.
-const otherPitches = [1.08, 0.93];
-// In parts of the letters. English differs in up to 0.31, and hardly ever in so little as the other
-// when nothing was heard at first.
-const mostDifference = 0.4;
+// The voices of somebody else, as parts of the true pitch and speed.
+const otherPitches = [1.08, 0.93, 1.04, 0.96];
+// In parts of the letters. In noise English may be invented at one pitch and right at the next; when
+// nothing was heard at first, most of what is heard is invented.
+const mostDifference = 0.5;
 const mostOfSecondTry = 0.2;
 // Of less nothing can be told.
 const fewestLetters = 12;
@@ -34,10 +34,14 @@ function difference(text, other) {
 export async function isHeardAgain(text, isSecondTry, heardAt) {
     if (isSecondTry && repeatedPhrase.test(text)) return false;
     if (lettersOf(text).length < fewestLetters) return undefined;
-    const most = isSecondTry ? mostOfSecondTry : mostDifference;
-    const first = difference(text, await heardAt(otherPitches[0]));
-    if (first <= most / 2) return true;
-    return (first + difference(text, await heardAt(otherPitches[1]))) / 2 <= most;
+    const differenceAt = async (pitch) => difference(text, await heardAt(pitch));
+    if (isSecondTry) {
+        const [higher, lower] = otherPitches;
+        return ((await differenceAt(higher)) + (await differenceAt(lower))) / 2 <= mostOfSecondTry;
+    }
+    for (const pitch of otherPitches)
+        if ((await differenceAt(pitch)) <= mostDifference) return true;
+    return false;
 }
 
 /** Whether a text has letters that no language of a model is written with. */
