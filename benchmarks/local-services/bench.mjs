@@ -8,7 +8,7 @@
 import { readLanguage } from '../../tools/local-services/src/recognition/language.mjs';
 import { editDistance } from '../../tools/local-services/src/recognition/spelling-distance.mjs';
 import { correctTerms } from '../../tools/local-services/src/recognition/terms.mjs';
-import { engineFolder } from '../../tools/local-services/src/setup/folders.mjs';
+import { engineFolder } from '../../tools/local-services/src/settings/folders.mjs';
 import { Companion } from './companion.mjs';
 import { makeCorpus, makeLanguages } from './corpus.mjs';
 import { disturbed } from './disturbances.mjs';

@@ -9,7 +9,7 @@ import { engineOptions } from '../src/recognition/model-types.mjs';
 import { readModel } from '../src/recognition/models.mjs';
 import { correctTerms } from '../src/recognition/terms.mjs';
 import { RecognitionWorker } from '../src/recognition/worker.mjs';
-import { engineFolder, modelsFolder } from '../src/setup/folders.mjs';
+import { engineFolder, modelsFolder } from '../src/settings/folders.mjs';
 
 const language = readLanguage(engineFolder());
 
