@@ -10,6 +10,8 @@
 #include "DeepSeekPolisher.h"
 #include "Farewell.h"
 #include "InputPermissionHelp.h"
+#include "OverlayMessages.h"
+#include "StatusWords.h"
 #include "Text.h"
 #include "VolcengineFlashASR.h"
 #include "WaylandSession.h"
@@ -72,7 +74,7 @@ void AppDelegate::applicationDidFinishLaunching()
     loadConfig();
     m_globalHotKeys.installHotKeyHandler();
     m_globalHotKeys.registerHotKey();
-    updateStatusTitle(u"听"_s);
+    updateStatusTitle(StatusWords::ready);
     m_backends.colorScheme->start(&Appearance::setColorScheme);
     m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
@@ -231,7 +233,7 @@ void AppDelegate::promptForAccessibilityPermissionIfNeeded()
         if (m_backends.keyboard->isTrusted())
             return;
         openAccessibilityPermissionSettings();
-        m_session.showOverlayMessage(u"需要权限"_s, 1600ms);
+        m_session.showOverlayMessage(OverlayMessages::permissionNeeded());
     });
 }
 
@@ -283,9 +285,9 @@ StatusMenuActions AppDelegate::menuActions()
     };
 }
 
-void AppDelegate::updateStatusTitle(const QString &word)
+void AppDelegate::updateStatusTitle(QStringView word)
 {
-    m_statusMenu.setToolTip(AppRuntime::appName + u"："_s + word + u"，按 "_s
+    m_statusMenu.setToolTip(AppRuntime::appName + u"："_s + word.toString() + u"，按 "_s
                             + m_config.hotKey.displayName + u" 开始或停止录音"_s);
 }
 

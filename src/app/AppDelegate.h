@@ -45,7 +45,7 @@ public:
     [[nodiscard]] MainWindowController &mainWindow();
 
     [[nodiscard]] const AppConfig &config() const override { return m_config; }
-    void updateStatusTitle(const QString &word) override;
+    void updateStatusTitle(QStringView word) override;
     void registerEscapeCancelHotKey() override;
     void unregisterEscapeCancelHotKey() override;
     void refreshMainWindow() override;

@@ -20,7 +20,7 @@ public:
     // The settings in force now.
     [[nodiscard]] virtual const AppConfig &config() const = 0;
     // Shows the one-character state word in the status item's tool tip.
-    virtual void updateStatusTitle(const QString &word) = 0;
+    virtual void updateStatusTitle(QStringView word) = 0;
     // Makes Escape cancel the recording, system-wide, and gives it back.
     virtual void registerEscapeCancelHotKey() = 0;
     virtual void unregisterEscapeCancelHotKey() = 0;

@@ -7,11 +7,14 @@
 #include "BackgroundTasks.h"
 #include "ClipboardWriter.h"
 #include "DictationHost.h"
-#include "ErrorPresentation.h"
+#include "DictationIntervals.h"
+#include "ErrorClassification.h"
 #include "HistoryStore.h"
-#include "HushwireError.h"
+#include "OverlayMessages.h"
 #include "ProcessingTimings.h"
 #include "PromptLibrary.h"
+#include "SecretMasking.h"
+#include "StatusWords.h"
 #include "Text.h"
 #include "VoiceOverlayController.h"
 
@@ -19,41 +22,12 @@
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
-
-// How often the level meter moves: thirty times a second.
-constexpr auto levelInterval = 33ms;
-// A stage that takes longer than this is said to be slow.
-constexpr auto slowStageAfter = 8000ms;
-// Servers close idle connections; opening them again costs nothing while they live.
-constexpr auto connectionInterval = 10000ms;
-
-QStringList keysOf(const AppConfig &config)
-{
-    return {config.volcengine.apiKey,
-            config.volcengine.appKey,
-            config.volcengine.accessKey,
-            config.deepSeek.apiKey};
-}
 
 QString activePromptText(const AppConfig &config)
 {
     return PromptLibrary::selectedPrompt(config.prompts, config.polishPrompt).text;
-}
-
-QString failureMessage(ProcessingFailureStage stage)
-{
-    switch (stage) {
-    case ProcessingFailureStage::SpeechRecognition:
-        return u"语音识别失败"_s;
-    case ProcessingFailureStage::TextPolishing:
-        return u"文字整理失败"_s;
-    case ProcessingFailureStage::AutoPaste:
-        return u"已复制到剪贴板"_s;
-    }
-    Q_UNREACHABLE();
 }
 
 } // namespace
@@ -72,25 +46,22 @@ DictationSession::~DictationSession() = default;
 
 void DictationSession::toggleRecording()
 {
-    if (m_isProcessing || m_isStarting)
-        return;
-    if (m_isRecording)
+    if (m_state == State::Recording)
         finishRecording();
-    else
+    else if (m_state == State::Idle)
         beginRecording();
 }
 
 void DictationSession::cancelRecording()
 {
-    if (!m_isRecording)
+    if (m_state != State::Recording)
         return;
     AppLogger::info(u"Recording cancelled."_s);
     discardRecording();
-    m_isRecording = false;
-    m_isProcessing = false;
+    m_state = State::Idle;
     leaveRecording();
-    m_host.updateStatusTitle(u"听"_s);
-    showOverlayMessage(u"已取消"_s, 900ms);
+    m_host.updateStatusTitle(StatusWords::ready);
+    showOverlayMessage(OverlayMessages::cancelled());
 }
 
 void DictationSession::terminate()
@@ -103,7 +74,7 @@ void DictationSession::terminate()
 void DictationSession::beginRecording()
 {
     AppLogger::info(u"Recording requested."_s);
-    m_isStarting = true;
+    m_state = State::Starting;
     m_tasks.start([this] {
         try {
             startRecording();
@@ -132,9 +103,8 @@ void DictationSession::startRecording()
     else
         AppLogger::info("Recording started. microphone="_L1 + microphone);
     m_mainQueue.runAndWait([this, &failure, &microphone] {
-        m_isStarting = false;
         if (failure)
-            showError(failure);
+            failToStart(failure);
         else
             enterRecording(microphone);
     });
@@ -151,23 +121,28 @@ bool DictationSession::checkMicrophonePermission(const QString &microphone)
         return true;
     AppLogger::warning(u"Microphone permission denied."_s);
     m_mainQueue.runAndWait([this] {
-        m_isStarting = false;
-        showError(std::make_exception_ptr(
+        failToStart(std::make_exception_ptr(
             HushwireError::permissionMissing(u"需要麦克风权限才能录音。"_s)));
     });
     return false;
 }
 
+void DictationSession::failToStart(const std::exception_ptr &error)
+{
+    m_state = State::Idle;
+    showError(error);
+}
+
 void DictationSession::enterRecording(const QString &microphone)
 {
-    m_isRecording = true;
+    m_state = State::Recording;
     m_host.registerEscapeCancelHotKey();
-    m_host.updateStatusTitle(u"录"_s);
+    m_host.updateStatusTitle(StatusWords::recording);
     m_overlay.show(VoiceOverlayMode::recording(microphone));
     startLevelUpdates();
     m_services.openConnections(m_host.config());
     m_connectionTimer = m_mainQueue.repeatEvery(
-        connectionInterval, [this] { m_services.openConnections(m_host.config()); });
+        DictationIntervals::connections, [this] { m_services.openConnections(m_host.config()); });
 }
 
 void DictationSession::finishRecording()
@@ -183,11 +158,10 @@ void DictationSession::finishRecording()
     }
     const auto audioBytes = static_cast<quint64>(QFileInfo(audioURL.toLocalFile()).size());
     AppLogger::info("Recording stopped. audioBytes="_L1 + QString::number(audioBytes));
-    m_isRecording = false;
-    m_isProcessing = true;
+    m_state = State::Processing;
     leaveRecording();
-    showProcessingStage(u"正在识别"_s, u"识别较慢"_s);
-    m_host.updateStatusTitle(u"转"_s);
+    showProcessingStage(OverlayMessages::recognising());
+    m_host.updateStatusTitle(StatusWords::recognising);
     m_tasks.start([this, audioURL, audioBytes, config = m_host.config()] {
         process(audioURL, audioBytes, config);
     });
@@ -212,8 +186,9 @@ void DictationSession::discardRecording()
 
 void DictationSession::startLevelUpdates()
 {
-    m_levelTimer = m_mainQueue.repeatEvery(
-        levelInterval, [this] { m_overlay.updateLevel(m_recorder.normalizedPowerLevel()); });
+    m_levelTimer = m_mainQueue.repeatEvery(DictationIntervals::level, [this] {
+        m_overlay.updateLevel(m_recorder.normalizedPowerLevel());
+    });
 }
 
 void DictationSession::stopLevelUpdates()
@@ -227,7 +202,7 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
     ProcessingTimings timings(audioBytes);
     auto stage = ProcessingFailureStage::SpeechRecognition;
     std::optional<QString> polishedText;
-    QStringList secrets = keysOf(config);
+    QStringList secrets = secretsOf(config);
     try {
         AppLogger::info("ASR started. resourceId="_L1 + config.volcengine.resourceId);
         const auto transcript =
@@ -240,7 +215,7 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
         // Before the announcement: the request need not wait for it.
         m_mainQueue.runAndWait([&] { config = m_host.config(); });
         m_mainQueue.post([this] { announcePolishing(); });
-        secrets << keysOf(config);
+        secrets << secretsOf(config);
         AppLogger::info("DeepSeek polish started. model="_L1 + config.deepSeek.model
                         + " promptID="_L1 + config.prompts.selectedID);
         polishedText = timings.measure(
@@ -252,7 +227,7 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
             keep(transcript, *polishedText);
             config = m_host.config();
         });
-        m_mainQueue.post([this] { m_host.updateStatusTitle(u"贴"_s); });
+        m_mainQueue.post([this] { m_host.updateStatusTitle(StatusWords::pasting); });
 
         stage = ProcessingFailureStage::AutoPaste;
         AppLogger::info(u"Auto paste started."_s);
@@ -272,8 +247,8 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
 
 void DictationSession::announcePolishing()
 {
-    m_host.updateStatusTitle(u"整"_s);
-    showProcessingStage(u"正在整理"_s, u"整理较慢"_s);
+    m_host.updateStatusTitle(StatusWords::polishing);
+    showProcessingStage(OverlayMessages::polishing());
 }
 
 void DictationSession::keep(const QString &transcript, const QString &polished)
@@ -285,17 +260,17 @@ void DictationSession::keep(const QString &transcript, const QString &polished)
 void DictationSession::endProcessing()
 {
     ++m_processingStageToken;
-    m_isProcessing = false;
-    m_host.updateStatusTitle(u"听"_s);
+    m_state = State::Idle;
+    m_host.updateStatusTitle(StatusWords::ready);
 }
 
-void DictationSession::showProcessingStage(const QString &text, const QString &slowMessage)
+void DictationSession::showProcessingStage(const OverlayStage &stage)
 {
     const auto token = ++m_processingStageToken;
-    m_overlay.show(VoiceOverlayMode::typing(text));
-    m_mainQueue.postAfter(slowStageAfter, [this, token, slowMessage] {
-        if (m_isProcessing && m_processingStageToken == token)
-            m_overlay.show(VoiceOverlayMode::typing(slowMessage));
+    m_overlay.show(VoiceOverlayMode::typing(stage.text));
+    m_mainQueue.postAfter(DictationIntervals::slowStageAfter, [this, token, stage] {
+        if (m_state == State::Processing && m_processingStageToken == token)
+            m_overlay.show(VoiceOverlayMode::typing(stage.slowText));
     });
 }
 
@@ -313,34 +288,33 @@ void DictationSession::showProcessingFailure(const std::exception_ptr &error,
         if (isAccessibilityPermissionError(error))
             m_host.openAccessibilityPermissionSettings();
     }
-    showOverlayMessage(failureMessage(stage), 1800ms);
+    showOverlayMessage(OverlayMessages::failed(stage));
 }
 
 void DictationSession::showError(const std::exception_ptr &error)
 {
-    AppLogger::error(u"Showing error."_s, withoutSecrets(error, keysOf(m_host.config())));
+    AppLogger::error(u"Showing error."_s, withoutSecrets(error, secretsOf(m_host.config())));
     leaveRecording();
     m_overlay.hide();
-    m_host.updateStatusTitle(u"!"_s);
+    m_host.updateStatusTitle(StatusWords::error);
     if (isAccessibilityPermissionError(error)) {
         m_host.openAccessibilityPermissionSettings();
-        showOverlayMessage(u"需要权限"_s, 1600ms);
-        m_host.updateStatusTitle(idleOrRecordingWord());
-    } else if (isRecordingFailure(error)) {
-        showOverlayMessage(u"录音失败"_s, 1800ms);
-        m_host.updateStatusTitle(u"听"_s);
+        showOverlayMessage(OverlayMessages::permissionNeeded());
+        showReadyOrRecording();
+    } else if (kindOf(error) == HushwireError::Kind::RecordingFailed) {
+        showOverlayMessage(OverlayMessages::recordingFailed());
+        m_host.updateStatusTitle(StatusWords::ready);
     } else {
-        m_host.showAlert(localizedDescription(error),
-                         [this] { m_host.updateStatusTitle(idleOrRecordingWord()); });
+        m_host.showAlert(localizedDescription(error), [this] { showReadyOrRecording(); });
     }
 }
 
-void DictationSession::showOverlayMessage(const QString &text, std::chrono::milliseconds hideAfter)
+void DictationSession::showOverlayMessage(const OverlayMessage &message)
 {
     stopLevelUpdates();
-    m_overlay.show(VoiceOverlayMode::status(text));
-    m_mainQueue.postAfter(hideAfter, [this] {
-        if (!m_isRecording && !m_isProcessing)
+    m_overlay.show(VoiceOverlayMode::status(message.text));
+    m_mainQueue.postAfter(message.shownFor, [this] {
+        if (!isRecording() && !isProcessing())
             m_overlay.hide();
     });
 }
@@ -367,10 +341,12 @@ void DictationSession::showHistoryPasteFailure(const std::exception_ptr &error, 
     ClipboardWriter::copy(text);
     if (isAccessibilityPermissionError(error))
         m_host.openAccessibilityPermissionSettings();
-    showOverlayMessage(overlayMessage(error), 1600ms);
+    showOverlayMessage(OverlayMessages::failed(error));
 }
 
-QString DictationSession::idleOrRecordingWord() const
+void DictationSession::showReadyOrRecording()
 {
-    return m_isRecording ? u"录"_s : u"听"_s;
+    // A dictation that has come to its later stages keeps its own word.
+    if (!isProcessing())
+        m_host.updateStatusTitle(isRecording() ? StatusWords::recording : StatusWords::ready);
 }

@@ -18,6 +18,8 @@ class BackgroundTasks;
 class DictationHost;
 class HistoryStore;
 class VoiceOverlayController;
+struct OverlayMessage;
+struct OverlayStage;
 
 // Turns two presses of the hotkey into pasted text: the first starts the microphone, the second
 // sends what was spoken through recognition, polishing and the paste. It alone holds the session's
@@ -41,8 +43,8 @@ public:
     explicit DictationSession(Collaborators collaborators);
     ~DictationSession();
 
-    [[nodiscard]] bool isRecording() const { return m_isRecording; }
-    [[nodiscard]] bool isProcessing() const { return m_isProcessing; }
+    [[nodiscard]] bool isRecording() const { return m_state == State::Recording; }
+    [[nodiscard]] bool isProcessing() const { return m_state == State::Processing; }
 
     // The hotkey: starts a recording, or ends it and processes it. Ignored while a dictation is
     // processed or a start is pending.
@@ -54,14 +56,22 @@ public:
     // Presents a failure outside a dictation's stages.
     void showError(const std::exception_ptr &error);
     // Shows a short text in the overlay; it is hidden after the delay unless a dictation runs.
-    void showOverlayMessage(const QString &text, std::chrono::milliseconds hideAfter);
+    void showOverlayMessage(const OverlayMessage &message);
     // Ends a recording for good when the application quits; leaves no file behind.
     void terminate();
 
 private:
+    enum class State {
+        Idle,
+        Starting, // the microphone is being opened
+        Recording,
+        Processing, // what was spoken is in the pipeline
+    };
+
     void beginRecording();
     void startRecording();
     [[nodiscard]] bool checkMicrophonePermission(const QString &microphone);
+    void failToStart(const std::exception_ptr &error);
     void enterRecording(const QString &microphone);
     void finishRecording();
     void leaveRecording();
@@ -74,13 +84,13 @@ private:
     void keep(const QString &transcript, const QString &polished);
     void endProcessing();
 
-    void showProcessingStage(const QString &text, const QString &slowMessage);
+    void showProcessingStage(const OverlayStage &stage);
     void showProcessingFailure(const std::exception_ptr &error,
                                ProcessingFailureStage stage,
                                const std::optional<QString> &polishedText,
                                const QStringList &secrets);
     void showHistoryPasteFailure(const std::exception_ptr &error, const QString &text);
-    [[nodiscard]] QString idleOrRecordingWord() const;
+    void showReadyOrRecording();
 
     DictationHost &m_host;
     AudioRecorder &m_recorder;
@@ -90,9 +100,7 @@ private:
     BackgroundTasks &m_tasks;
     const DictationServices m_services;
 
-    bool m_isStarting = false;
-    bool m_isRecording = false;
-    bool m_isProcessing = false;
+    State m_state = State::Idle;
     // Changes with the displayed stage and when processing ends: retires stale slow messages.
     qint64 m_processingStageToken = 0;
     std::unique_ptr<RepeatingTimer> m_levelTimer;

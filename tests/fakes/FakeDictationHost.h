@@ -11,7 +11,7 @@ class FakeDictationHost final : public DictationHost
 {
 public:
     const AppConfig &config() const override { return settings; }
-    void updateStatusTitle(const QString &word) override { statusWords << word; }
+    void updateStatusTitle(QStringView word) override { statusWords << word.toString(); }
     void registerEscapeCancelHotKey() override { hasEscape = true; }
     void unregisterEscapeCancelHotKey() override { hasEscape = false; }
     void refreshMainWindow() override { ++refreshes; }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "ErrorPresentation.h"
+#include "SecretMasking.h"
 
-#include "HushwireError.h"
+#include "LocalizedError.h"
 
 #include <QBitArray>
 #include <QJsonArray>
@@ -10,23 +10,9 @@
 #include <QSet>
 #include <QUrl>
 
-#include <optional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The error as one of ours; absent when it is the platform's.
-std::optional<HushwireError> asHushwireError(const std::exception_ptr &error)
-{
-    try {
-        std::rethrow_exception(error);
-    } catch (const HushwireError &known) {
-        return known;
-    } catch (...) {
-        return std::nullopt;
-    }
-}
 
 QString escapedAsJson(const QString &text)
 {
@@ -86,34 +72,12 @@ QString blotOut(const QString &text, const QBitArray &marks)
 
 } // namespace
 
-QString overlayMessage(const std::exception_ptr &error)
+QStringList secretsOf(const AppConfig &config)
 {
-    const auto known = asHushwireError(error);
-    if (!known)
-        return u"处理失败"_s;
-    switch (known->kind()) {
-    case HushwireError::Kind::PermissionMissing:
-        return u"需要权限"_s;
-    case HushwireError::Kind::ResponseFailed:
-        return u"识别失败"_s;
-    case HushwireError::Kind::PasteFailed:
-        return u"粘贴失败"_s;
-    default:
-        return u"处理失败"_s;
-    }
-}
-
-bool isAccessibilityPermissionError(const std::exception_ptr &error)
-{
-    const auto known = asHushwireError(error);
-    return known && known->kind() == HushwireError::Kind::PermissionMissing
-        && known->localizedDescription().contains(u"辅助功能"_s);
-}
-
-bool isRecordingFailure(const std::exception_ptr &error)
-{
-    const auto known = asHushwireError(error);
-    return known && known->kind() == HushwireError::Kind::RecordingFailed;
+    return {config.volcengine.apiKey,
+            config.volcengine.appKey,
+            config.volcengine.accessKey,
+            config.deepSeek.apiKey};
 }
 
 std::exception_ptr withoutSecrets(const std::exception_ptr &error, const QStringList &secrets)
