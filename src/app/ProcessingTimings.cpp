@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ProcessingTimings.h"
 
+#include "RecordingFormat.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -12,10 +14,12 @@ qint64 millisecondsSince(ProcessingTimings::Clock::time_point start)
     return std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count();
 }
 
-// The speech in a recording of 16 kHz mono 16-bit samples behind a 44-byte header.
+// The speech in a recording of this size.
 double secondsOf(quint64 audioBytes)
 {
-    return audioBytes > 44 ? static_cast<double>(audioBytes - 44) / 32000.0 : 0.0;
+    using namespace RecordingFormat;
+    return audioBytes > headerBytes ? static_cast<double>(audioBytes - headerBytes) / bytesPerSecond
+                                    : 0.0;
 }
 
 } // namespace

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "RecordingFormat.h"
+
 #include <array>
 #include <cstdint>
 #include <span>
 
-// The loudness of the latest 100 ms of 16 kHz mono 16-bit sound.
+// The loudness of the latest 100 ms of a recording.
 class LevelMeter final
 {
 public:
@@ -17,7 +19,7 @@ public:
     static constexpr float silenceDb = -160;
 
 private:
-    std::array<std::int16_t, 1600> m_window{};
+    std::array<std::int16_t, RecordingFormat::sampleRate / 10> m_window{};
     std::size_t m_position = 0;
     std::size_t m_count = 0;
     std::int64_t m_sumOfSquares = 0;

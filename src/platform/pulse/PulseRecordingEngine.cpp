@@ -3,6 +3,7 @@
 #include "PulseRecordingEngine.h"
 
 #include "PulseConnection.h"
+#include "RecordingFormat.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +19,7 @@ constexpr auto startLimit = 1s;
 constexpr auto tailLimit = 150ms;
 // Of a stream's time, where the device delays: 5 ms were seen.
 constexpr auto timeError = 10ms;
-constexpr std::uint32_t fragmentBytes = WavFile::bytesPerSecond / 50;
+constexpr std::uint32_t fragmentBytes = RecordingFormat::bytesPerSecond / 50;
 
 pa_buffer_attr fragments()
 {
@@ -32,7 +33,7 @@ pa_buffer_attr fragments()
 
 pa_stream *newStream(pa_context *context)
 {
-    constexpr pa_sample_spec format{PA_SAMPLE_S16LE, WavFile::sampleRate, 1};
+    constexpr pa_sample_spec format{PA_SAMPLE_S16LE, RecordingFormat::sampleRate, 1};
     pa_proplist *properties = pa_proplist_new();
     // PipeWire else adds both sides of a stereo microphone up to 3 dB more than either has.
     pa_proplist_sets(properties, "channelmix.normalize", "true");
@@ -133,7 +134,7 @@ void PulseRecordingEngine::readFragments(pa_stream *stream)
         if (data) {
             keep({static_cast<const std::int16_t *>(data), count});
         } else { // a hole in the stream is time that passed
-            static constexpr std::array<std::int16_t, WavFile::sampleRate / 10> silence{};
+            static constexpr std::array<std::int16_t, RecordingFormat::sampleRate / 10> silence{};
             for (auto left = count; left > 0; left -= std::min(left, silence.size()))
                 keep({silence.data(), std::min(left, silence.size())});
         }
@@ -155,7 +156,7 @@ void PulseRecordingEngine::noteLead()
 {
     constexpr auto longestDrift = 20us; // of two clocks within a fragment
     const auto captured =
-        std::chrono::microseconds(m_capturedBytes * 1'000'000 / WavFile::bytesPerSecond);
+        std::chrono::microseconds(m_capturedBytes * 1'000'000 / RecordingFormat::bytesPerSecond);
     const auto lead = captured - (Clock::now() - m_startedAt);
     m_lead = std::max(m_lead.value_or(lead) - longestDrift, lead);
 }
@@ -171,7 +172,7 @@ std::uint64_t PulseRecordingEngine::bytesUntilNow()
         return std::numeric_limits<std::uint64_t>::max();
     const auto bytes = [](auto duration) {
         const auto time = std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
-        return static_cast<std::uint64_t>(std::max<std::int64_t>(time, 0)) * WavFile::bytesPerSecond
+        return static_cast<std::uint64_t>(std::max<std::int64_t>(time, 0)) * RecordingFormat::bytesPerSecond
             / 1'000'000;
     };
     const std::lock_guard guard(m_mutex);

@@ -3,6 +3,7 @@
 #include "WavFile.h"
 
 #include "LocalizedError.h"
+#include "RecordingFormat.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Header = std::array<char, WavFile::headerBytes>;
+using Header = std::array<char, RecordingFormat::headerBytes>;
 
 Header headerFor(std::uint32_t dataBytes)
 {
@@ -30,16 +31,16 @@ Header headerFor(std::uint32_t dataBytes)
         position += sizeof value;
     };
     tag("RIFF");
-    number(dataBytes + static_cast<std::uint32_t>(WavFile::headerBytes - 8));
+    number(dataBytes + static_cast<std::uint32_t>(RecordingFormat::headerBytes - 8));
     tag("WAVE");
     tag("fmt ");
     number(std::uint32_t{16}); // the size of this chunk
     number(std::uint16_t{1}); // linear PCM
     number(std::uint16_t{1}); // one channel
-    number(WavFile::sampleRate);
-    number(WavFile::bytesPerSecond);
-    number(std::uint16_t{2}); // bytes a sample
-    number(std::uint16_t{16}); // bits a sample
+    number(RecordingFormat::sampleRate);
+    number(RecordingFormat::bytesPerSecond);
+    number(RecordingFormat::bytesPerSample);
+    number(std::uint16_t{8 * RecordingFormat::bytesPerSample}); // bits
     tag("data");
     number(dataBytes);
     return header;
@@ -89,7 +90,8 @@ WavFile::~WavFile()
 
 void WavFile::append(std::span<const std::int16_t> samples)
 {
-    constexpr auto mostBytes = std::numeric_limits<std::uint32_t>::max() - headerBytes;
+    constexpr auto mostBytes =
+        std::numeric_limits<std::uint32_t>::max() - RecordingFormat::headerBytes;
     const auto bytes = samples.size_bytes();
     if (m_isFull || m_descriptor < 0 || bytes == 0)
         return;
@@ -107,10 +109,11 @@ void WavFile::finish()
 {
     if (m_descriptor < 0)
         return;
-    m_dataBytes -= m_dataBytes % 2;
+    m_dataBytes -= m_dataBytes % RecordingFormat::bytesPerSample;
     const auto header = headerFor(m_dataBytes);
     // Neither can be helped here: the recording is then as long as its reader finds it to be.
-    [[maybe_unused]] const int cut = ::ftruncate(m_descriptor, headerBytes + m_dataBytes);
+    [[maybe_unused]] const int cut =
+        ::ftruncate(m_descriptor, RecordingFormat::headerBytes + m_dataBytes);
     [[maybe_unused]] const auto count = ::pwrite(m_descriptor, header.data(), header.size(), 0);
     ::close(m_descriptor);
     m_descriptor = -1;

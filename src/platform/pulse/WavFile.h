@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 
-// A new WAV file of 16 kHz mono 16-bit sound that grows while it is recorded.
+// A new file in RecordingFormat that grows while it is recorded.
 class WavFile final
 {
 public:
@@ -22,13 +22,11 @@ public:
     // Appends sound. After the first failed write (a full disk) what follows is dropped, so that
     // the file holds the beginning without gaps.
     void append(std::span<const std::int16_t> samples);
+    // Whether sound was dropped.
+    [[nodiscard]] bool isFull() const { return m_isFull; }
     // Cuts the file to whole samples, writes the sizes into its header and closes it. Does nothing
     // the second time.
     void finish();
-
-    static constexpr std::size_t headerBytes = 44;
-    static constexpr std::uint32_t sampleRate = 16000;
-    static constexpr std::uint32_t bytesPerSecond = 32000;
 
 private:
     int m_descriptor = -1;
