@@ -110,7 +110,7 @@ pa_operation *PulseConnection::askForDefaultSource()
     const auto keepAnswer = [](pa_context *, const pa_source_info *info, int end, void *data) {
         auto &self = *static_cast<PulseConnection *>(data);
         const std::lock_guard guard(self.m_mutex);
-        if (info)
+        if (info && info->monitor_of_sink == PA_INVALID_INDEX)
             self.m_source = PulseSource{info->name, QString::fromUtf8(info->description)};
         self.m_isAnswered = end != 0;
         self.m_changed.notify_all();

@@ -35,7 +35,8 @@ public:
     void connectAhead();
     // Connects if necessary; false when no server has answered within two seconds.
     [[nodiscard]] bool isConnected();
-    // The default input device of this moment; nothing without a server or a device.
+    // The default input device of this moment; nothing without a server or a device. What an output
+    // plays (its monitor) is none, but a virtual device that is fed from one is.
     [[nodiscard]] std::optional<PulseSource> defaultSource();
 
     // Holds the sound thread still for a block in which libpulse is called.
