@@ -16,5 +16,7 @@ inline constexpr auto level = 33ms;
 inline constexpr auto slowStageAfter = 8000ms;
 // Servers close idle connections; opening them again costs nothing while they live.
 inline constexpr auto connections = 10'000ms;
+// How long an interrupted recording waits for the press that has it processed.
+inline constexpr auto interrupted = 10'000ms;
 
 } // namespace DictationIntervals

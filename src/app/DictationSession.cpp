@@ -46,7 +46,7 @@ DictationSession::~DictationSession() = default;
 
 void DictationSession::toggleRecording()
 {
-    if (m_state == State::Recording)
+    if (isRecording())
         finishRecording();
     else if (m_state == State::Idle)
         beginRecording();
@@ -54,10 +54,10 @@ void DictationSession::toggleRecording()
 
 void DictationSession::cancelRecording()
 {
-    if (m_state != State::Recording)
+    if (!isRecording())
         return;
     AppLogger::info(u"Recording cancelled."_s);
-    discardRecording();
+    m_recorder.discard();
     m_state = State::Idle;
     leaveRecording();
     m_host.updateStatusTitle(StatusWords::ready);
@@ -68,7 +68,8 @@ void DictationSession::terminate()
 {
     stopLevelUpdates();
     m_connectionTimer.reset();
-    discardRecording();
+    m_interruptionTimer.reset();
+    m_recorder.discard();
 }
 
 void DictationSession::beginRecording()
@@ -90,24 +91,17 @@ void DictationSession::startRecording()
     const auto microphone = m_recorder.microphoneName();
     if (!checkMicrophonePermission(microphone))
         return;
-    std::exception_ptr failure;
-    m_mainQueue.runAndWait([this, &failure] {
-        try {
-            m_recorder.start();
-        } catch (...) {
-            failure = std::current_exception();
-        }
-    });
-    if (failure)
-        AppLogger::error(u"Recording start failed."_s, failure);
-    else
-        AppLogger::info("Recording started. microphone="_L1 + microphone);
-    m_mainQueue.runAndWait([this, &failure, &microphone] {
-        if (failure)
-            failToStart(failure);
-        else
-            enterRecording(microphone);
-    });
+    std::unique_ptr<Recording> recording;
+    try {
+        recording = m_recorder.start(microphone);
+    } catch (...) {
+        const auto error = std::current_exception();
+        AppLogger::error(u"Recording start failed."_s, error);
+        m_mainQueue.runAndWait([this, &error] { failToStart(error); });
+        return;
+    }
+    AppLogger::info("Recording started. microphone="_L1 + microphone);
+    m_mainQueue.runAndWait([&] { enterRecording(std::move(recording), microphone); });
 }
 
 // Off the main thread.
@@ -133,8 +127,10 @@ void DictationSession::failToStart(const std::exception_ptr &error)
     showError(error);
 }
 
-void DictationSession::enterRecording(const QString &microphone)
+void DictationSession::enterRecording(std::unique_ptr<Recording> recording,
+                                      const QString &microphone)
 {
+    m_recorder.keep(std::move(recording));
     m_state = State::Recording;
     m_host.registerEscapeCancelHotKey();
     m_host.updateStatusTitle(StatusWords::recording);
@@ -145,26 +141,41 @@ void DictationSession::enterRecording(const QString &microphone)
         DictationIntervals::connections, [this] { m_services.openConnections(m_host.config()); });
 }
 
+void DictationSession::followRecording()
+{
+    if (const auto condition = m_recorder.condition(); condition != RecordingCondition::Capturing)
+        interrupt(condition);
+    else
+        m_overlay.updateLevel(m_recorder.normalizedPowerLevel());
+}
+
+void DictationSession::interrupt(RecordingCondition condition)
+{
+    AppLogger::warning("Recording interrupted. storageFull="_L1
+                       + flagText(condition == RecordingCondition::StorageFull));
+    m_state = State::Interrupted;
+    stopLevelUpdates();
+    m_overlay.show(VoiceOverlayMode::status(OverlayMessages::interrupted(condition)));
+    m_interruptionTimer =
+        m_mainQueue.repeatEvery(DictationIntervals::interrupted, [this] { finishRecording(); });
+}
+
 void DictationSession::finishRecording()
 {
-    QUrl audioURL;
+    std::shared_ptr<Recording> recording;
     try {
-        audioURL = m_recorder.stop();
+        recording = m_recorder.stop();
     } catch (...) {
         const auto error = std::current_exception();
         AppLogger::error(u"Recording stop failed."_s, error);
         showError(error);
         return;
     }
-    const auto audioBytes = static_cast<quint64>(QFileInfo(audioURL.toLocalFile()).size());
-    AppLogger::info("Recording stopped. audioBytes="_L1 + QString::number(audioBytes));
     m_state = State::Processing;
     leaveRecording();
     showProcessingStage(OverlayMessages::recognising());
     m_host.updateStatusTitle(StatusWords::recognising);
-    m_tasks.start([this, audioURL, audioBytes, config = m_host.config()] {
-        process(audioURL, audioBytes, config);
-    });
+    m_tasks.start([this, recording, config = m_host.config()] { process(*recording, config); });
 }
 
 void DictationSession::leaveRecording()
@@ -172,23 +183,13 @@ void DictationSession::leaveRecording()
     m_host.unregisterEscapeCancelHotKey();
     stopLevelUpdates();
     m_connectionTimer.reset();
-}
-
-// Stops the recorder and deletes its file; failures are ignored, since the recording is unwanted.
-void DictationSession::discardRecording()
-{
-    try {
-        QFile::remove(m_recorder.stop().toLocalFile());
-    } catch (const LocalizedError &) {
-        return;
-    }
+    m_interruptionTimer.reset();
 }
 
 void DictationSession::startLevelUpdates()
 {
-    m_levelTimer = m_mainQueue.repeatEvery(DictationIntervals::level, [this] {
-        m_overlay.updateLevel(m_recorder.normalizedPowerLevel());
-    });
+    m_levelTimer =
+        m_mainQueue.repeatEvery(DictationIntervals::level, [this] { followRecording(); });
 }
 
 void DictationSession::stopLevelUpdates()
@@ -197,8 +198,11 @@ void DictationSession::stopLevelUpdates()
 }
 
 // The road from the recording to the pasted text, off the main thread.
-void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConfig config)
+void DictationSession::process(Recording &recording, AppConfig config)
 {
+    const auto audioURL = recording.finish();
+    const auto audioBytes = static_cast<quint64>(QFileInfo(audioURL.toLocalFile()).size());
+    AppLogger::info("Recording stopped. audioBytes="_L1 + QString::number(audioBytes));
     ProcessingTimings timings(audioBytes);
     auto stage = ProcessingFailureStage::SpeechRecognition;
     std::optional<QString> polishedText;
@@ -237,8 +241,11 @@ void DictationSession::process(const QUrl &audioURL, quint64 audioBytes, AppConf
         m_mainQueue.post([this] { m_overlay.hide(); });
     } catch (...) {
         const auto error = std::current_exception();
-        AppLogger::error(u"Processing failed."_s, withoutSecrets(error, secrets));
-        AppLogger::info(timings.line(stage));
+        // When the application quits, whatever still runs is cancelled: that is no failure.
+        if (!m_mainQueue.isClosed()) {
+            AppLogger::error(u"Processing failed."_s, withoutSecrets(error, secrets));
+            AppLogger::info(timings.line(stage));
+        }
         m_mainQueue.post([=, this] { showProcessingFailure(error, stage, polishedText, secrets); });
     }
     QFile::remove(audioURL.toLocalFile());

@@ -5,9 +5,9 @@
 #include "DictationServices.h"
 #include "MainQueue.h"
 #include "ProcessingFailureStage.h"
+#include "RecordingCondition.h"
 
 #include <QString>
-#include <QUrl>
 
 #include <exception>
 #include <memory>
@@ -17,6 +17,7 @@ class AudioRecorder;
 class BackgroundTasks;
 class DictationHost;
 class HistoryStore;
+class Recording;
 class VoiceOverlayController;
 struct OverlayMessage;
 struct OverlayStage;
@@ -43,7 +44,10 @@ public:
     explicit DictationSession(Collaborators collaborators);
     ~DictationSession();
 
-    [[nodiscard]] bool isRecording() const { return m_state == State::Recording; }
+    [[nodiscard]] bool isRecording() const
+    {
+        return m_state == State::Recording || m_state == State::Interrupted;
+    }
     [[nodiscard]] bool isProcessing() const { return m_state == State::Processing; }
 
     // The hotkey: starts a recording, or ends it and processes it. Ignored while a dictation is
@@ -65,6 +69,7 @@ private:
         Idle,
         Starting, // the microphone is being opened
         Recording,
+        Interrupted, // nothing more is recorded: what was spoken waits to be processed
         Processing, // what was spoken is in the pipeline
     };
 
@@ -72,14 +77,15 @@ private:
     void startRecording();
     [[nodiscard]] bool checkMicrophonePermission(const QString &microphone);
     void failToStart(const std::exception_ptr &error);
-    void enterRecording(const QString &microphone);
+    void enterRecording(std::unique_ptr<Recording> recording, const QString &microphone);
+    void followRecording();
+    void interrupt(RecordingCondition condition);
     void finishRecording();
     void leaveRecording();
-    void discardRecording();
     void startLevelUpdates();
     void stopLevelUpdates();
 
-    void process(const QUrl &audioURL, quint64 audioBytes, AppConfig config);
+    void process(Recording &recording, AppConfig config);
     void announcePolishing();
     void keep(const QString &transcript, const QString &polished);
     void endProcessing();
@@ -105,4 +111,5 @@ private:
     qint64 m_processingStageToken = 0;
     std::unique_ptr<RepeatingTimer> m_levelTimer;
     std::unique_ptr<RepeatingTimer> m_connectionTimer;
+    std::unique_ptr<RepeatingTimer> m_interruptionTimer;
 };

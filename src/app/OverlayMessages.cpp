@@ -72,3 +72,8 @@ OverlayMessage OverlayMessages::failed(const std::exception_ptr &error)
 {
     return {textFor(error), 1600ms};
 }
+
+QString OverlayMessages::interrupted(RecordingCondition condition)
+{
+    return condition == RecordingCondition::StorageFull ? u"磁盘已满"_s : u"麦克风已断开"_s;
+}

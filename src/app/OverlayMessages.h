@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ProcessingFailureStage.h"
+#include "RecordingCondition.h"
 
 #include <QString>
 
@@ -36,5 +37,7 @@ namespace OverlayMessages {
 [[nodiscard]] OverlayMessage failed(ProcessingFailureStage stage);
 // An error outside a dictation's stages.
 [[nodiscard]] OverlayMessage failed(const std::exception_ptr &error);
+// Why nothing more is recorded; it stays until what was spoken is processed.
+[[nodiscard]] QString interrupted(RecordingCondition condition);
 
 } // namespace OverlayMessages

@@ -72,6 +72,12 @@ void EventLoopMainQueue::close()
             entry.abandon();
 }
 
+bool EventLoopMainQueue::isClosed() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_isClosed;
+}
+
 bool EventLoopMainQueue::event(QEvent *event)
 {
     if (event->type() != QEvent::User)

@@ -22,6 +22,7 @@ public:
     std::unique_ptr<RepeatingTimer> repeatEvery(std::chrono::milliseconds interval,
                                                 Work work) override;
     void close() override;
+    [[nodiscard]] bool isClosed() const override;
 
 protected:
     bool event(QEvent *event) override;
@@ -30,7 +31,7 @@ private:
     bool enqueue(Entry entry) override;
     void runOne();
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::deque<Entry> m_entries;
     bool m_isClosed = false;
 };

@@ -51,6 +51,8 @@ public:
     repeatEvery(std::chrono::milliseconds interval, Work work) = 0;
     // Refuses new work, drops what is queued and fails what waits. Main thread only.
     virtual void close() = 0;
+    // Whether the queue has closed: the application is on its way out.
+    [[nodiscard]] virtual bool isClosed() const = 0;
 
 protected:
     // Queued work; `abandon`, when there is one, is called instead of `run` if the queue closes

@@ -23,12 +23,6 @@ namespace {
 
 constexpr double quietestLevel = 0.18;
 
-QString newRecordingPath(const QString &directory)
-{
-    const QString name = QString(AppRuntime::tempAudioPrefix) + u'-' + newUuidText() + u".wav"_s;
-    return QDir(directory).filePath(name);
-}
-
 } // namespace
 
 AudioRecorder::AudioRecorder(AudioSystem &system)
@@ -79,47 +73,52 @@ QString AudioRecorder::microphoneName()
     return name.isEmpty() ? u"默认麦克风"_s : name;
 }
 
-QUrl AudioRecorder::start()
+std::unique_ptr<Recording> AudioRecorder::start(const QString &microphone)
 {
-    const QString directory = temporaryDirectoryPath();
-    if (directory.isEmpty())
-        throw LocalizedError(u"No safe directory for temporary files."_s);
-    const QString path = newRecordingPath(directory);
-    const bool isWritable = QFileInfo(directory).isWritable();
-    auto engine = m_system.createRecording(path);
-    const bool isPrepared = engine->prepareToRecord();
-    const bool isStarted = isPrepared && engine->record();
+    const bool isWritable = QFileInfo(temporaryDirectoryPath()).isWritable();
+    auto recording = std::make_unique<Recording>(m_system);
+    const bool isPrepared = recording->engine().prepareToRecord();
+    const bool isStarted = isPrepared && recording->engine().record();
     AppLogger::info(u"AVAudioRecorder start result. prepared=%1 started=%2 tempDirectoryWritable=%3"
                     " permission=%4 input=%5"_s.arg(flagText(isPrepared),
                                                     flagText(isStarted),
                                                     flagText(isWritable),
                                                     permissionStatusDescription(),
-                                                    microphoneName()));
-    if (!isStarted) {
-        engine.reset();
-        QFile::remove(path); // nothing was recorded; a file that stays is swept at the next launch
+                                                    microphone));
+    if (!isStarted)
         throw HushwireError::recordingFailed(u"录音没有启动成功。请检查系统麦克风权限和输入设备，"
                                              "然后退出 Wrenfold 后重新打开再试。"_s);
-    }
-    m_recorder = std::move(engine);
-    m_currentURL = QUrl::fromLocalFile(path);
-    return m_currentURL;
+    return recording;
 }
 
-QUrl AudioRecorder::stop()
+void AudioRecorder::keep(std::unique_ptr<Recording> recording)
 {
-    if (!m_recorder)
+    m_recording = std::move(recording);
+}
+
+std::unique_ptr<Recording> AudioRecorder::stop()
+{
+    if (!m_recording)
         throw HushwireError::recordingFailed(u"当前没有正在进行的录音。"_s);
-    m_recorder->stop();
-    m_recorder.reset();
-    return std::exchange(m_currentURL, {});
+    m_recording->engine().stop();
+    return std::move(m_recording);
+}
+
+void AudioRecorder::discard()
+{
+    m_recording.reset();
+}
+
+RecordingCondition AudioRecorder::condition() const
+{
+    return m_recording ? m_recording->engine().condition() : RecordingCondition::Capturing;
 }
 
 double AudioRecorder::normalizedPowerLevel() const
 {
-    if (!m_recorder)
+    if (!m_recording)
         return quietestLevel;
-    const double power = m_recorder->averagePowerDb();
+    const double power = m_recording->engine().averagePowerDb();
     const double level = std::clamp((power + 60.0) / 60.0, 0.0, 1.0);
     return level * (1.0 - quietestLevel) + quietestLevel;
 }

@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "AudioSystem.h"
+#include "Recording.h"
 
-#include <QUrl>
+#include <QString>
 
 #include <memory>
 
-// Records the default microphone into a temporary WAV file, one recording at a time. Main thread
-// only, but for requestPermission(), permissionStatusDescription() and microphoneName().
+// Records the default microphone into a temporary WAV file, one recording at a time. Whatever asks
+// the sound server may have to wait for it and is called off the main thread: the questions and
+// start(). The rest is for the main thread and returns at once.
 class AudioRecorder final
 {
 public:
@@ -29,17 +30,23 @@ public:
     // The default input device's description, or "默认麦克风" when there is none.
     [[nodiscard]] QString microphoneName();
 
-    // Starts a recording and returns its file. Throws HushwireError::recordingFailed, or
-    // LocalizedError when the file cannot be created.
-    QUrl start();
-    // Ends the recording and returns its finished file, which is the caller's from then on. Throws
-    // HushwireError::recordingFailed when nothing is recording.
-    QUrl stop();
+    // Starts a recording, for keep(). Throws HushwireError::recordingFailed, or LocalizedError when
+    // the file cannot be created; no file is left then. `microphone` is named in the log.
+    [[nodiscard]] std::unique_ptr<Recording> start(const QString &microphone);
+
+    // Makes a started recording the one in progress.
+    void keep(std::unique_ptr<Recording> recording);
+    // Ends the recording in progress with what has been spoken until now; it is to be finished off
+    // the main thread. Throws HushwireError::recordingFailed when nothing is recording.
+    [[nodiscard]] std::unique_ptr<Recording> stop();
+    // Throws the recording in progress away, if there is one.
+    void discard();
+    // Of the recording in progress; Capturing when idle.
+    [[nodiscard]] RecordingCondition condition() const;
     // The current input level, 0.18 (-60 dBFS and below, or idle) to 1.0 (0 dBFS).
     [[nodiscard]] double normalizedPowerLevel() const;
 
 private:
     AudioSystem &m_system;
-    std::unique_ptr<RecordingEngine> m_recorder;
-    QUrl m_currentURL;
+    std::unique_ptr<Recording> m_recording; // in progress; absent when idle
 };

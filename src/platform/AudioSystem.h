@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "RecordingCondition.h"
+
 #include <QString>
 
 #include <memory>
 
-// One recording to a 16 kHz mono 16-bit WAV file. Main thread only.
+// One recording to a file in RecordingFormat. prepareToRecord(), record() and finish() wait for
+// the sound server, within limits: they are called off the main thread. The others return at once.
 class RecordingEngine
 {
 public:
@@ -19,10 +22,13 @@ public:
     [[nodiscard]] virtual bool prepareToRecord() = 0;
     // Starts capturing; false when the device refuses.
     [[nodiscard]] virtual bool record() = 0;
-    // Ends the recording when everything spoken until now has been captured, at most 150 ms later,
-    // and finalises the file's header. What a lost device or a full disk left is still a valid
-    // file.
+    // Ends the recording: what has been spoken until now is the last that belongs to it.
     virtual void stop() = 0;
+    // After stop(): returns when all of it has been captured, at most 150 ms after the stop, and
+    // the file's header is final. What a lost device or a full disk left is still a valid file.
+    virtual void finish() = 0;
+    // Since record() succeeded.
+    [[nodiscard]] virtual RecordingCondition condition() const = 0;
     // RMS of the latest 100 ms in dBFS: a full-scale sine is -3.01, silence -160.
     [[nodiscard]] virtual float averagePowerDb() const = 0;
 };
@@ -34,7 +40,8 @@ enum class MicrophonePermission {
     Authorized,
 };
 
-// The sound server as the recorder needs it. Safe from any thread, but for createRecording().
+// The sound server as the recorder needs it. Safe from any thread; may wait for the server, so not
+// for the main thread.
 class AudioSystem
 {
 public:
@@ -43,11 +50,12 @@ public:
     AudioSystem(const AudioSystem &) = delete;
     AudioSystem &operator=(const AudioSystem &) = delete;
 
-    // The default input device's own description; empty when there is none.
+    // The default input device's own description; empty when there is none. What an output plays
+    // is no input.
     [[nodiscard]] virtual QString defaultInputName() = 0;
     // Whether this application may use the microphone, without asking.
     [[nodiscard]] virtual MicrophonePermission microphonePermission() = 0;
     // An engine that writes to a new file at `path` (mode 0600, never through a link). Throws
-    // LocalizedError when the file cannot be created. Main thread only.
+    // LocalizedError when the file cannot be created.
     [[nodiscard]] virtual std::unique_ptr<RecordingEngine> createRecording(const QString &path) = 0;
 };

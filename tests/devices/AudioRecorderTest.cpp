@@ -21,11 +21,14 @@ protected:
     }
     std::string start()
     {
-        return outcome([this] { return m_recorder.start().fileName(); });
+        return outcome([this] {
+            m_recorder.keep(m_recorder.start(m_recorder.microphoneName()));
+            return QString();
+        });
     }
     std::string stop()
     {
-        return outcome([this] { return m_recorder.stop().fileName(); });
+        return outcome([this] { return m_recorder.stop()->finish().fileName(); });
     }
 
     TemporaryHome m_home;
@@ -35,17 +38,20 @@ protected:
 
 TEST_F(AudioRecorderTest, RecordsIntoANewPrivateFileEachTime)
 {
-    const auto first = start();
-    EXPECT_EQ(stop(), first);
-    const auto second = start();
-    EXPECT_NE(first, second);
-    EXPECT_EQ(stop(), second);
+    start();
+    const auto first = stop();
+    start();
+    EXPECT_NE(stop(), first);
     EXPECT_EQ(stop(), "recordingFailed: 当前没有正在进行的录音。");
     for (const auto &name : files()) {
         EXPECT_TRUE(name.contains(
             QRegularExpression(u"^wrenfold-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.wav$"_s)));
         EXPECT_EQ(QFileInfo(m_home.runtimePath(name)).size(), 44);
     }
+    EXPECT_EQ(files().size(), 2);
+    start();
+    EXPECT_EQ(files().size(), 3);
+    m_recorder.discard();
     EXPECT_EQ(files().size(), 2);
     EXPECT_EQ(loggedLines(m_home).last(),
               u"INFO AVAudioRecorder start result. prepared=true started=true"
@@ -83,29 +89,29 @@ TEST_F(AudioRecorderTest, RefusedRecordingIsLoggedAndLeavesNothing)
 TEST_F(AudioRecorderTest, LevelIsLinearInDecibelsWithAVisibleMinimum)
 {
     EXPECT_EQ(m_recorder.normalizedPowerLevel(), 0.18);
-    m_recorder.start();
+    start();
     const std::pair<float, double> cases[] = {
         {-160.0F, 0.18}, {-60.0F, 0.18}, {-30.0F, 0.59}, {-15.0F, 0.795}, {0.0F, 1}, {3.0F, 1}};
     for (const auto &[power, level] : cases) {
         m_system.powerDb = power;
         EXPECT_NEAR(m_recorder.normalizedPowerLevel(), level, 1e-9) << power;
     }
-    m_recorder.stop();
+    m_recorder.discard();
     EXPECT_EQ(m_recorder.normalizedPowerLevel(), 0.18);
 }
 
 TEST_F(AudioRecorderTest, SweepsOnlyRecordingsOfItsOwn)
 {
-    const QUrl recording = m_recorder.start();
-    m_recorder.stop();
+    start();
+    const auto recording = m_recorder.stop()->finish().fileName();
     const QStringList others{u"local.wrenfold.lock"_s,
                              u"wrenfold-notes.wav"_s,
                              u"wrenfold-0d7a3f52-11aa-4c3e-9a60-0123456789ab.wav"_s,
-                             recording.fileName() + u".part"_s};
+                             recording + u".part"_s};
     for (const auto &name : others)
         QFile(m_home.runtimePath(name)).open(QIODevice::WriteOnly);
     QDir().mkdir(m_home.runtimePath(u"wrenfold-0D7A3F52-11AA-4C3E-9A60-0123456789AB.wav"_s));
     AudioRecorder::sweepLeftovers();
     EXPECT_EQ(files().size(), others.size() + 1);
-    EXPECT_FALSE(files().contains(recording.fileName()));
+    EXPECT_FALSE(files().contains(recording));
 }

@@ -8,9 +8,11 @@
 #include <QFile>
 
 #include <atomic>
+#include <thread>
 
 // A sound server whose devices do as they are told. Its recordings are files that hold `content`
-// once they are stopped. The settings may be changed at any time between two calls.
+// once they are finished. The settings may be changed at any time between two calls. What may wait
+// for a real server notes when it was asked on the thread that made this object.
 class FakeAudioSystem final : public AudioSystem
 {
 public:
@@ -19,13 +21,20 @@ public:
     bool canCreate = true;
     bool canPrepare = true;
     bool canRecord = true;
-    float powerDb = -160;
+    std::atomic<float> powerDb = -160;
+    std::atomic<RecordingCondition> condition = RecordingCondition::Capturing;
+    std::atomic<bool> wasAskedOnMainThread = false;
     QByteArray content = QByteArray(44, '\0');
 
-    [[nodiscard]] QString defaultInputName() override { return inputName; }
+    [[nodiscard]] QString defaultInputName() override
+    {
+        noteThread();
+        return inputName;
+    }
     [[nodiscard]] MicrophonePermission microphonePermission() override { return permission; }
     [[nodiscard]] std::unique_ptr<RecordingEngine> createRecording(const QString &path) override
     {
+        noteThread();
         if (!canCreate)
             throw LocalizedError(QStringLiteral("The file cannot be created."));
         return std::make_unique<Engine>(*this, path);
@@ -44,15 +53,26 @@ private:
         }
         [[nodiscard]] bool prepareToRecord() override { return m_system.canPrepare; }
         [[nodiscard]] bool record() override { return m_system.canRecord; }
-        void stop() override
+        void stop() override {}
+        void finish() override
         {
+            m_system.noteThread();
             m_file.write(m_system.content);
             m_file.close();
         }
+        [[nodiscard]] RecordingCondition condition() const override { return m_system.condition; }
         [[nodiscard]] float averagePowerDb() const override { return m_system.powerDb; }
 
     private:
         FakeAudioSystem &m_system;
         QFile m_file;
     };
+
+    void noteThread()
+    {
+        if (std::this_thread::get_id() == m_thread)
+            wasAskedOnMainThread = true;
+    }
+
+    const std::thread::id m_thread = std::this_thread::get_id();
 };

@@ -43,6 +43,19 @@ public:
                 entry.abandon();
     }
 
+    [[nodiscard]] bool isClosed() const override
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_isClosed;
+    }
+
+    // How much would still run if the clock were turned on: nothing when all is idle.
+    [[nodiscard]] size_t scheduled() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_entries.size();
+    }
+
     // Runs what is due now, and what that posts in turn.
     void runReady() { advance(Duration::zero()); }
 
@@ -114,7 +127,7 @@ private:
         });
     }
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::multimap<Duration, Entry> m_entries; // by due time, then in posting order
     Duration m_now = Duration::zero();
     bool m_isClosed = false;

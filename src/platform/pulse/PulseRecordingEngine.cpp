@@ -73,11 +73,16 @@ bool PulseRecordingEngine::record()
 
 void PulseRecordingEngine::stop()
 {
-    const auto wanted = bytesUntilNow();
+    m_wantedBytes = bytesUntilNow();
+    m_stoppedAt = Clock::now();
+}
+
+void PulseRecordingEngine::finish()
+{
     {
         std::unique_lock guard(m_mutex);
-        m_changed.wait_for(guard, tailLimit, [this, wanted] {
-            return m_state != State::Recording || m_capturedBytes >= wanted;
+        m_changed.wait_until(guard, m_stoppedAt + tailLimit, [this] {
+            return m_state != State::Recording || m_capturedBytes >= m_wantedBytes;
         });
     }
     releaseStream();
@@ -119,8 +124,10 @@ void PulseRecordingEngine::followStreamState(pa_stream *stream)
         return;
     const std::lock_guard guard(m_mutex);
     m_state = state == PA_STREAM_READY ? State::Recording : State::Ended;
-    if (m_state == State::Ended)
+    if (m_state == State::Ended) {
         m_averagePowerDb = LevelMeter::silenceDb;
+        m_condition = RecordingCondition::DeviceLost;
+    }
     m_changed.notify_all();
 }
 
@@ -141,6 +148,8 @@ void PulseRecordingEngine::readFragments(pa_stream *stream)
         pa_stream_drop(stream);
     }
     noteLead();
+    if (m_file.isFull())
+        m_condition = RecordingCondition::StorageFull;
     m_averagePowerDb = m_meter.averagePowerDb();
     m_changed.notify_all();
 }
@@ -172,8 +181,8 @@ std::uint64_t PulseRecordingEngine::bytesUntilNow()
         return std::numeric_limits<std::uint64_t>::max();
     const auto bytes = [](auto duration) {
         const auto time = std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
-        return static_cast<std::uint64_t>(std::max<std::int64_t>(time, 0)) * RecordingFormat::bytesPerSecond
-            / 1'000'000;
+        return static_cast<std::uint64_t>(std::max<std::int64_t>(time, 0))
+            * RecordingFormat::bytesPerSecond / 1'000'000;
     };
     const std::lock_guard guard(m_mutex);
     const auto byTheClock = m_lead ? Clock::now() - m_startedAt + *m_lead : Clock::duration(0);

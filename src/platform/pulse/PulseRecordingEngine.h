@@ -30,6 +30,8 @@ public:
     bool prepareToRecord() override;
     bool record() override;
     void stop() override;
+    void finish() override;
+    [[nodiscard]] RecordingCondition condition() const override { return m_condition; }
     [[nodiscard]] float averagePowerDb() const override { return m_averagePowerDb; }
 
 private:
@@ -53,6 +55,9 @@ private:
     QByteArray m_sourceName;
     pa_stream *m_stream = nullptr;
     std::atomic<float> m_averagePowerDb = LevelMeter::silenceDb;
+    std::atomic<RecordingCondition> m_condition = RecordingCondition::Capturing;
+    std::uint64_t m_wantedBytes = 0; // captured until the stop
+    Clock::time_point m_stoppedAt;
     // Guards what follows, which the sound thread uses too.
     std::mutex m_mutex;
     std::condition_variable m_changed;
