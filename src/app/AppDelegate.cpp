@@ -104,7 +104,11 @@ void AppDelegate::applicationWillTerminate()
     m_tasks.waitForDone();
     m_session.terminate();
     m_backends.handOverClipboard();
+    // From here on nobody logs any more.
+    Farewell::say();
+    m_historyStore.drain();
     AppLogger::drain();
+    m_showWindowChannel.stop();
     m_singleInstanceGuard.release();
 }
 
@@ -141,8 +145,20 @@ void AppDelegate::loadConfig()
         AppLogger::info("Config loaded. createdTemplate="_L1 + flagText(createdTemplate)
                         + QLatin1Char(' ') + keyFlags(m_config));
     } catch (...) {
+        m_isConfigUnreadable = true;
         AppLogger::error(u"Config load failed."_s, std::current_exception());
     }
+}
+
+// Whoever wrote the file can still read it: it holds their keys and their dictionary.
+void AppDelegate::setUnreadableConfigAside()
+{
+    if (!m_isConfigUnreadable)
+        return;
+    const auto path = AppConfig::setUnreadableAside();
+    m_isConfigUnreadable = false;
+    if (!path.isEmpty())
+        AppLogger::warning("Unreadable config set aside. path="_L1 + path);
 }
 
 void AppDelegate::updateAPIKeys(const QString &doubaoAPIKey, const QString &deepSeekAPIKey)
@@ -179,6 +195,7 @@ void AppDelegate::updatePersonalDictionary(const PersonalDictionaryConfig &perso
 bool AppDelegate::saveConfig(const QString &success, const QString &failure)
 {
     try {
+        setUnreadableConfigAside();
         AppConfig::save(m_config);
     } catch (...) {
         const auto error = std::current_exception();

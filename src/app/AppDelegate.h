@@ -58,6 +58,7 @@ private:
     void handleDuplicateLaunchRequest();
     void configureStatusMenu();
     void loadConfig();
+    void setUnreadableConfigAside();
     bool saveConfig(const QString &success, const QString &failure);
     void showGettingStarted();
     void promptForAccessibilityPermissionIfNeeded();
@@ -82,5 +83,9 @@ private:
     GlobalHotKeys m_globalHotKeys;
     DictationSession m_session;
     std::unique_ptr<MainWindowController> m_mainWindowController;
+    // Runs while a duplicate launch waits for the running instance's answer.
+    std::unique_ptr<RepeatingTimer> m_handOverTimer;
+    // The file held something that is not a configuration: the first save sets it aside.
+    bool m_isConfigUnreadable = false;
     bool m_hasTerminated = false;
 };

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -49,6 +50,7 @@ protected:
             .keyCharacters = {},
             .handOverClipboard = [] {},
         };
+        delegate.reset();
         delegate = std::make_unique<AppDelegate>(std::move(backends));
         delegate->applicationDidFinishLaunching();
     }
@@ -122,15 +124,45 @@ TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
     EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(49U, 0x300U));
 }
 
-TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadLeavesTheDefaultsAndTheFile)
+TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadIsSetAsideBeforeTheFirstSave)
 {
-    home.write(u".wrenfold/config.json"_s, "{\"hotKey\": 1}");
+    const auto file = home.path(u".wrenfold/config.json"_s);
+    const std::function<void()> rows[] = {
+        [&] { home.write(u".wrenfold/config.json"_s, "{\"hotKey\": 1}"); },
+        [&] { home.write(u".wrenfold/config.json"_s, "{"); },
+        [&] { QFile::link(u"not-mounted/config.json"_s, file); }};
+    qsizetype kept = 0;
+    for (const auto &spoil : rows) {
+        QFile::remove(file);
+        spoil();
+        const auto content = home.read(u".wrenfold/config.json"_s);
+        launch();
+        EXPECT_EQ(delegate->config(), AppConfig());
+        EXPECT_EQ(home.read(u".wrenfold/config.json"_s), content);
+        EXPECT_EQ(log().count(u"\nERROR Config load failed. error="_s), ++kept);
+        for (const auto &key : {u"voice"_s, u"again"_s}) {
+            delegate->updateAPIKeys(key, u""_s);
+            EXPECT_EQ(stored(), delegate->config());
+        }
+        const QRegularExpression told(
+            u"\nWARN Unreadable config set aside. path=(\\S+)\n(?!.*WARN)"_s,
+            QRegularExpression::DotMatchesEverythingOption);
+        const QFileInfo aside(told.match(log()).captured(1));
+        EXPECT_TRUE(aside.isSymLink() || home.read(u".wrenfold/"_s + aside.fileName()) == content);
+        const QDir directory(home.path(u".wrenfold"_s));
+        EXPECT_EQ(
+            directory.entryList({u"config.unreadable-*"_s}, QDir::AllEntries | QDir::System).size(),
+            kept);
+    }
+}
+
+TEST_F(AppDelegateTest, WhoRaisesAnAlertIsToldThatItWasDismissed)
+{
     launch();
-    EXPECT_EQ(delegate->config(), AppConfig());
-    EXPECT_EQ(home.read(u".wrenfold/config.json"_s), "{\"hotKey\": 1}");
-    EXPECT_TRUE(log().contains(u"\nERROR Config load failed. error="_s));
-    delegate->updateAPIKeys(u"voice"_s, u""_s);
-    EXPECT_EQ(stored(), delegate->config());
+    bool isDismissed = false;
+    delegate->showAlert(u"text"_s, [&isDismissed] { isDismissed = true; });
+    qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->accept();
+    EXPECT_TRUE(isDismissed);
 }
 
 TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)

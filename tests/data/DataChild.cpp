@@ -31,6 +31,7 @@ namespace {
         config.polishPrompt = QString(100'000, round % 2 == 0 ? u'a' : u'b');
         AppConfig::save(config);
         history.add(QString(1'000, u'语'), u"polished"_s);
+        history.drain();
         AppLogger::info(QString(5'000, u'x'));
         if (round == 0)
             std::thread([] {

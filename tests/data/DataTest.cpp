@@ -3,24 +3,28 @@
 #include "DataTest.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <cstdarg>
 #include <mutex>
 
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::mutex systemLogMutex;
+std::mutex mutex; // guards what follows
 QStringList systemLogLines;
+QStringList syncs;
 
 } // namespace
 
 extern "C" void vsyslog(int /*priority*/, const char *format, va_list arguments)
 {
-    const std::lock_guard lock(systemLogMutex);
+    const std::lock_guard lock(mutex);
     systemLogLines.append(QString::vasprintf(format, arguments));
 }
 
@@ -41,10 +45,25 @@ extern "C" void __syslog_chk(int priority, int /*flag*/, const char *format, ...
     va_end(arguments);
 }
 
+extern "C" int fsync(int file)
+{
+    const auto name = QFileInfo(u"/proc/self/fd/%1"_s.arg(file)).symLinkTarget();
+    const std::lock_guard lock(mutex);
+    syncs << QFileInfo(name).fileName().section(u'.', 1, 2)
+            + (::gettid() == ::getpid() ? u" main"_s : u" other"_s);
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+QStringList DataTest::takeSyncs()
+{
+    const std::lock_guard lock(mutex);
+    return std::exchange(syncs, {});
+}
+
 QStringList DataTest::takeSystemLogLines()
 {
     AppLogger::drain();
-    const std::lock_guard lock(systemLogMutex);
+    const std::lock_guard lock(mutex);
     return std::exchange(systemLogLines, {});
 }
 

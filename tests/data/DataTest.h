@@ -10,10 +10,15 @@
 class DataTest : public testing::Test
 {
 protected:
+    DataTest() { takeSyncs(); }
     ~DataTest() override { AppLogger::drain(); }
 
     // What went to the system's log since the last call: this program defines syslog(3) itself.
     [[nodiscard]] static QStringList takeSystemLogLines();
+
+    // What fsync(2) was called for since the last call, as "config.json main" for the file that an
+    // unfinished write is to become and the thread.
+    static QStringList takeSyncs();
 
     [[nodiscard]] static uint modeOf(const QString &path);
     [[nodiscard]] static QStringList namesIn(const QString &directory);

@@ -44,11 +44,17 @@ FileDescriptor openRegular(const QString &path, int flags, const QString &action
     return file;
 }
 
-// The file itself when the path is a link to it.
+// The file itself when the path is a link to it; the path when there is none.
 QString resolved(const QString &path)
 {
     const auto target = QFileInfo(path).canonicalFilePath();
     return target.isEmpty() ? path : target;
+}
+
+bool isOurs(const FileDescriptor &file)
+{
+    struct stat status = {};
+    return ::fstat(file.get(), &status) == 0 && status.st_uid == ::geteuid();
 }
 
 // What stands before the process id in the name of a temporary file.
@@ -64,15 +70,13 @@ QString unfinishedPath(const QString &target)
         + unfinishedSuffix;
 }
 
-void writeUnfinished(const QString &path,
-                     const QByteArray &content,
-                     SecureFile::Durability durability)
+void writeUnfinished(const QString &path, const QByteArray &content)
 {
     // Left by an earlier process with our id.
     ::unlink(QFile::encodeName(path).constData());
     const auto file = openRegular(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, u"write"_s);
-    const bool isWritten = SecureFile::writeSome(file, content) == content.size()
-        && (durability == SecureFile::Durability::ProcessDeath || ::fsync(file.get()) == 0);
+    const bool isWritten =
+        SecureFile::writeSome(file, content) == content.size() && ::fsync(file.get()) == 0;
     if (!isWritten)
         throw FileError(u"write"_s, path, errno);
 }
@@ -113,13 +117,16 @@ QByteArray SecureFile::read(const QString &path)
     return content;
 }
 
-void SecureFile::replace(const QString &path, const QByteArray &content, Durability durability)
+void SecureFile::replace(const QString &path, const QByteArray &content)
 {
+    const QFileInfo info(path);
+    if (info.isSymLink() && !info.exists())
+        throw FileError(u"replace"_s, path, ENOENT);
     const auto target = resolved(path);
     const auto unfinished = unfinishedPath(target);
     const auto unfinishedName = QFile::encodeName(unfinished);
     try {
-        writeUnfinished(unfinished, content, durability);
+        writeUnfinished(unfinished, content);
         if (std::rename(unfinishedName.constData(), QFile::encodeName(target).constData()) != 0)
             throw FileError(u"replace"_s, path, errno);
     } catch (...) {
@@ -145,7 +152,10 @@ void SecureFile::removeUnfinished(const QString &path)
 
 FileDescriptor SecureFile::openForAppending(const QString &path)
 {
-    return openRegular(path, O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW, u"open"_s);
+    auto file = openRegular(path, O_RDWR | O_APPEND | O_CREAT, u"open"_s);
+    if (QFileInfo(path).isSymLink() && !isOurs(file))
+        throw FileError(u"open"_s, path, EPERM);
+    return file;
 }
 
 qint64 SecureFile::writeSome(const FileDescriptor &file, const QByteArray &content)

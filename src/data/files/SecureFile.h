@@ -11,9 +11,6 @@
 // made them, and replaced whole or not at all. Failures are thrown as FileError.
 namespace SecureFile {
 
-// Whether a replaced file must also survive a power cut, which costs the time of an fsync.
-enum class Durability { ProcessDeath, PowerCut };
-
 // Creates the directory with mode 0700, its parents with the usual one; an existing directory
 // gets that mode.
 void createDirectory(const QString &path);
@@ -22,16 +19,16 @@ void createDirectory(const QString &path);
 [[nodiscard]] QByteArray read(const QString &path);
 
 // Writes a temporary file of mode 0600 beside the file (beside its target when it is a link) and
-// renames it: at any moment the path holds the old content or the new one.
-void replace(const QString &path,
-             const QByteArray &content,
-             Durability durability = Durability::PowerCut);
+// renames it: at any moment the path holds the old content or the new one. A link whose target is
+// not there (a volume that is not mounted) is refused. Takes the time of an fsync: the file
+// survives a power cut too.
+void replace(const QString &path, const QByteArray &content);
 
 // Removes what a process that died within replace() left beside the file. Never throws.
 void removeUnfinished(const QString &path);
 
 // Opens a regular file, created when missing, to read it and add to its end; its mode becomes 0600.
-// A link in the file's place is refused.
+// A link is followed to a file of this user only.
 [[nodiscard]] FileDescriptor openForAppending(const QString &path);
 
 // Writes the bytes and returns how many were written; when fewer than all, errno says why.

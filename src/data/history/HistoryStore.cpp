@@ -3,16 +3,12 @@
 #include "HistoryStore.h"
 
 #include "DataDirectory.h"
-#include "FileError.h"
 #include "HistoryCoding.h"
+#include "LocalizedError.h"
 #include "SecureFile.h"
 #include "SystemLog.h"
 
-#include <QFile>
 #include <QFileInfo>
-
-#include <cerrno>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -20,17 +16,7 @@ namespace {
 
 constexpr auto fileName = "history.json"_L1;
 constexpr qsizetype limit = 200;
-
-void moveAside(const QString &path)
-{
-    const auto time = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd'T'HHmmsszzz'Z'"_s);
-    const auto target = DataDirectory::filePath(u"history.unreadable-%1.json"_s.arg(time));
-    if (QFileInfo::exists(target))
-        throw FileError(u"move aside"_s, path, EEXIST);
-    if (std::rename(QFile::encodeName(path).constData(), QFile::encodeName(target).constData())
-        != 0)
-        throw FileError(u"move aside"_s, path, errno);
-}
+constexpr auto drainLimit = std::chrono::seconds(2);
 
 } // namespace
 
@@ -69,24 +55,37 @@ void HistoryStore::remove(const QUuid &id)
 void HistoryStore::load()
 {
     const auto path = historyURL().toLocalFile();
+    m_items.clear();
     try {
         if (DataDirectory::prepareFile(fileName))
             m_items = decodeHistory(SecureFile::read(path));
     } catch (const LocalizedError &) {
         // An unreadable history is an empty one; the file is kept for whoever can still read it.
-        m_isFileUnreadable = QFileInfo(path).isFile();
+        const QFileInfo file(path);
+        m_isFileUnreadable = file.isFile() || file.isSymLink();
     }
+}
+
+void HistoryStore::drain()
+{
+    if (!m_queue.drain(drainLimit))
+        SystemLog::report(u"history not saved: the disk does not answer."_s);
 }
 
 void HistoryStore::save()
 {
-    const auto path = historyURL().toLocalFile();
+    m_queue.submit([this, items = m_items] { write(items); });
+}
+
+// On the queue.
+void HistoryStore::write(const QList<HistoryItem> &items)
+{
     try {
         DataDirectory::create();
         if (m_isFileUnreadable)
-            moveAside(path);
+            static_cast<void>(DataDirectory::setAside(fileName));
         m_isFileUnreadable = false;
-        SecureFile::replace(path, encodeHistory(m_items), SecureFile::Durability::ProcessDeath);
+        SecureFile::replace(historyURL().toLocalFile(), encodeHistory(items));
     } catch (const LocalizedError &error) {
         SystemLog::report(u"history save failed: "_s + error.localizedDescription());
     }

@@ -3,12 +3,15 @@
 #pragma once
 
 #include "HistoryItem.h"
+#include "SerialQueue.h"
 
 #include <QList>
 #include <QUrl>
 
-// The transcript history: newest first, bounded to 200, written whole after every change. Failures
-// are handled inside: a failed save is one line in the system's log. Main thread only.
+// The transcript history: newest first, bounded to 200, written whole after every change, in the
+// order of the changes, on a thread of its own: a disk takes its time to make a file survive a
+// power cut. Failures are handled inside: a failed save is one line in the system's log. Main
+// thread only. Its end waits for what is still to be written.
 class HistoryStore final
 {
 public:
@@ -26,11 +29,18 @@ public:
     // Removes every item with that id.
     void remove(const QUuid &id);
 
-private:
+    // Holds what the file holds now. Not while changes are being written.
     void load();
+    // Returns when every change so far has been written. A disk that hangs is waited for two
+    // seconds, and a line in the system's log then says so.
+    void drain();
+
+private:
     void save();
+    void write(const QList<HistoryItem> &items);
 
     QList<HistoryItem> m_items;
-    // The file held something else than a history: the first save moves it aside.
+    // The file held something else than a history: the first save moves it aside. The queue's.
     bool m_isFileUnreadable = false;
+    SerialQueue m_queue{"local.wrenfold.history"};
 };

@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto crashDrainLimit = std::chrono::seconds(2);
+// A disk that does not answer within this time holds nobody up any longer.
+constexpr auto drainLimit = std::chrono::seconds(2);
 
 // Never destroyed, since others may log while the process takes itself apart: at exit the thread
 // ends, and later lines are written by whoever logs them.
@@ -30,7 +31,7 @@ SerialQueue &logQueue()
 {
     static SerialQueue *const queue = [] {
         auto created = std::make_unique<SerialQueue>("local.wrenfold.logger");
-        std::atexit([] { logQueue().stop(); });
+        std::atexit([] { logQueue().stop(drainLimit); });
         return created.release();
     }();
     return *queue;
@@ -98,7 +99,7 @@ void logUncaughtException()
         writeNow("ERROR"_L1, message);
     else
         AppLogger::error(message);
-    logQueue().drain(crashDrainLimit);
+    AppLogger::drain();
 }
 
 std::terminate_handler &previousTerminateHandler()
@@ -137,7 +138,8 @@ void AppLogger::error(const QString &message, const std::exception_ptr &error)
 
 void AppLogger::drain()
 {
-    logQueue().drain(std::chrono::hours(1));
+    if (!logQueue().drain(drainLimit))
+        SystemLog::report(u"log not written: the disk does not answer."_s);
 }
 
 void AppLogger::installCrashLogging()

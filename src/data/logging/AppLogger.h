@@ -16,7 +16,8 @@ void warning(const QString &message);
 // With an error, " error=" and its description follow the message.
 void error(const QString &message, const std::exception_ptr &error = {});
 
-// Returns when every line submitted before has been written.
+// Returns when every line submitted before has been written. A disk that hangs is waited for two
+// seconds, and a line in the system's log then says so.
 void drain();
 
 // Logs the type and what() of an exception that nobody caught before the process dies.

@@ -7,6 +7,7 @@
 #include "SecureFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <chrono>
@@ -47,18 +48,20 @@ bool isAtLogPath(const FileDescriptor &file)
     struct stat opened = {};
     struct stat found = {};
     return ::fstat(file.get(), &opened) == 0
-        && ::lstat(QFile::encodeName(LogFile::path()).constData(), &found) == 0
+        && ::stat(QFile::encodeName(LogFile::path()).constData(), &found) == 0
         && opened.st_dev == found.st_dev && opened.st_ino == found.st_ino;
 }
 
 // Of several processes that found the file full, the lock lets one move it, and those that come
-// later see that another file stands in its place. Failures leave the file growing.
+// later see that another file stands in its place. Failures leave the file growing. A link to the
+// log stays, and a new file comes into being where it points to.
 void rotate(const FileDescriptor &file)
 {
     const bool isBusy = ::flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     if (!isBusy && isAtLogPath(file))
-        static_cast<void>(std::rename(QFile::encodeName(LogFile::path()).constData(),
-                                      QFile::encodeName(oldPath()).constData()));
+        static_cast<void>(std::rename(
+            QFile::encodeName(QFileInfo(LogFile::path()).canonicalFilePath()).constData(),
+            QFile::encodeName(oldPath()).constData()));
 }
 
 bool endsWithinLine(const FileDescriptor &file, qint64 size)

@@ -39,6 +39,11 @@ AppConfig::LoadResult AppConfig::loadOrCreateTemplate()
     return {initial, true};
 }
 
+QString AppConfig::setUnreadableAside()
+{
+    return DataDirectory::setAside(fileName);
+}
+
 void AppConfig::save(const AppConfig &config)
 {
     DataDirectory::create();

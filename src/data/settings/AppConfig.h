@@ -25,6 +25,10 @@ struct AppConfig
     // Reads the file, carrying a legacy one over once, or writes the template when there is none.
     // Throws LocalizedError on any failure; the file is then left as it is.
     [[nodiscard]] static LoadResult loadOrCreateTemplate();
+    // Moves a file that could not be loaded out of the way of the next save, to
+    // "config.unreadable-<time>.json", and returns that path; empty when there is no file any more.
+    // Throws LocalizedError.
+    [[nodiscard]] static QString setUnreadableAside();
     // Replaces the file atomically. Throws LocalizedError; the file then keeps its old content.
     static void save(const AppConfig &config);
 

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "AppConfig.h"
 #include "DataTest.h"
+#include "HangingDisk.h"
 #include "HistoryStore.h"
 #include "LocalizedError.h"
 #include "Process.h"
+#include "WaitUntil.h"
 
 #include <QFile>
 
@@ -46,6 +48,7 @@ protected:
         HistoryStore store;
         ASSERT_EQ(store.items().size(), 1);
         store.add(m_bigConfig.polishPrompt, {});
+        store.drain();
         EXPECT_EQ(store.items().size(), 2);
         AppLogger::info(m_bigConfig.polishPrompt);
         const auto lines = takeSystemLogLines();
@@ -92,12 +95,44 @@ TEST_F(StorageFailureTest, AFullOrReadOnlyDiskKeepsTheOldFilesAndTakesLaterWrite
     ASSERT_TRUE(mountDisk(readOnly));
     HistoryStore store;
     store.add(u"a"_s, u"b"_s);
+    store.drain();
     EXPECT_EQ(takeSystemLogLines().size(), 1);
     EXPECT_EQ(contents().at(1), "broken");
     ASSERT_TRUE(mountDisk(MS_REMOUNT));
     store.add(u"c"_s, u"d"_s);
+    store.drain();
     EXPECT_EQ(HistoryStore().items().size(), 2);
     EXPECT_EQ(namesIn(m_directory).size(), 4);
+}
+
+TEST_F(StorageFailureTest, ADiskThatHangsHoldsNobodyUpForMoreThanTwoSeconds)
+{
+    HistoryStore store;
+    store.add(u"a"_s, u"b"_s);
+    store.drain();
+    AppLogger::info(u"first"_s);
+    AppLogger::drain();
+    {
+        const HangingDisk disk(m_directory), logs(m_directory + u"/logs"_s);
+        if (!disk.hangs())
+            GTEST_SKIP() << "this user has no right to hold up others";
+        EXPECT_LT(millisecondsOf([&] { store.add(u"c"_s, u"d"_s); }), 500);
+        AppLogger::info(u"second"_s);
+        EXPECT_LT(millisecondsOf([&] { store.drain(); }), 3500);
+        EXPECT_EQ(takeSystemLogLines(),
+                  u"Wrenfold history not saved: the disk does not answer.|"
+                  "Wrenfold log not written: the disk does not answer."_s.split(u'|'));
+    }
+    store.drain();
+    EXPECT_EQ(HistoryStore().items(), store.items());
+    EXPECT_EQ(loggedLines(m_home), (QStringList{u"INFO first"_s, u"INFO second"_s}));
+}
+
+TEST_F(StorageFailureTest, WhatIsReplacedSurvivesAPowerCutAndOnlySettingsHoldUpTheMainThread)
+{
+    AppConfig::save({});
+    HistoryStore().add(u"a"_s, u"b"_s);
+    EXPECT_EQ(takeSyncs(), (QStringList{u"config.json main"_s, u"history.json other"_s}));
 }
 
 TEST_F(StorageFailureTest, EveryFileIsWholeWheneverTheProcessIsKilled)

@@ -42,6 +42,7 @@ TEST_F(HistoryStoreTest, KeepsResultsNewestFirstAsGivenAndCreatesNoFileBefore)
     const auto before = QDateTime::currentDateTimeUtc();
     store.add(u" 一/\"1\"\n "_s, u"lone surrogate "_s + QChar(0xd83d));
     store.add({}, {});
+    store.drain();
     const auto &first = store.items().at(1);
     EXPECT_EQ(first.transcript, u" 一/\"1\"\n "_s);
     EXPECT_TRUE(first.createdAt >= before && first.createdAt <= QDateTime::currentDateTimeUtc());
@@ -69,6 +70,7 @@ TEST_F(HistoryStoreTest, CopiesALegacyFileAndDropsTheOldestAboveTwoHundred)
     ASSERT_EQ(store.items().size(), 250);
     EXPECT_EQ(store.items().at(0).createdAt, referenceDate);
     store.add(u"new"_s, {});
+    store.drain();
     ASSERT_EQ(stored().size(), 200);
     EXPECT_EQ(stored().first()["transcript"_L1], u"new"_s);
     EXPECT_EQ(stored().last()["transcript"_L1], u"198"_s);
@@ -81,12 +83,15 @@ TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndElseRewritesTheFileUnchange
           + item("-0.0004", "00000000-0000-0000-0000-000000000000"));
     HistoryStore store;
     store.remove(QUuid::createUuid());
+    store.drain();
     EXPECT_EQ(stored().at(1)["createdAt"_L1].toDouble(), 794312345.123456);
     EXPECT_EQ(stored().at(2)["createdAt"_L1].toDouble(), -0.0004);
     const auto rewritten = m_home.read(historyFile);
     store.remove(QUuid::createUuid());
+    store.drain();
     EXPECT_EQ(m_home.read(historyFile), rewritten);
     store.remove(QUuid(QString::fromLatin1(anID)));
+    store.drain();
     EXPECT_EQ(store.items().size(), 1);
     EXPECT_EQ(stored().size(), 1);
 }
@@ -104,6 +109,7 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
         EXPECT_EQ(m_home.read(historyFile), content);
         store.add(u"a"_s, u"b"_s);
         store.add(u"a"_s, u"b"_s);
+        store.drain();
         EXPECT_EQ(HistoryStore().items(), store.items());
         const auto names = namesIn(m_directory);
         ASSERT_EQ(names.size(), 2);
@@ -111,6 +117,21 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
         EXPECT_EQ(m_home.read(u".wrenfold/"_s + names.at(1)), content);
         QDir(m_directory).removeRecursively();
     }
+    // One that is gone by then is no failure; a link whose target is not there is kept.
+    write("7");
+    HistoryStore store;
+    QFile::remove(m_home.path(historyFile));
+    store.add(u"a"_s, u"b"_s);
+    store.drain();
+    EXPECT_EQ(HistoryStore().items(), store.items());
+    QFile::remove(m_home.path(historyFile));
+    ASSERT_TRUE(QFile::link(u"elsewhere"_s, m_home.path(historyFile)));
+    store.add(u"c"_s, u"d"_s);
+    store.drain();
+    EXPECT_EQ(takeSystemLogLines().size(), 1);
+    HistoryStore().add(u"a"_s, u"b"_s);
+    EXPECT_EQ(HistoryStore().items().size(), 1);
+    EXPECT_EQ(QDir(m_directory).entryInfoList({u"*.unreadable-*"_s}, QDir::System).size(), 1);
 }
 
 TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheChange)
@@ -118,11 +139,13 @@ TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheC
     QDir().mkpath(m_home.path(historyFile));
     HistoryStore store;
     store.add(u"a"_s, u"b"_s);
+    store.drain();
     EXPECT_EQ(store.items().size(), 1);
     const auto line = u"Wrenfold history save failed: Cannot replace %1: Is a directory."_s;
     EXPECT_EQ(takeSystemLogLines(), QStringList{line.arg(m_home.path(historyFile))});
     EXPECT_EQ(namesIn(m_directory), QStringList{u"history.json"_s});
     QDir().rmdir(m_home.path(historyFile));
     store.add(u"c"_s, u"d"_s);
+    store.drain();
     EXPECT_EQ(stored().size(), 2);
 }

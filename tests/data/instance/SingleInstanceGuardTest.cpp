@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "DataTest.h"
+#include "Process.h"
 #include "SingleInstanceGuard.h"
 
 #include <QCoreApplication>
@@ -57,6 +58,7 @@ TEST_F(SingleInstanceGuardTest, HoldsTheLockUntilReleasedOrDestroyed)
     EXPECT_TRUE(m_guard.acquire());
     EXPECT_EQ(lockContent(), m_ownID);
     EXPECT_EQ(modeOf(m_lockPath), 0600U);
+    EXPECT_FALSE(runCommand(u"ls -l /proc/self/fd"_s).output.contains("test.lock"));
     auto second = std::make_unique<SingleInstanceGuard>(u"test"_s);
     EXPECT_FALSE(second->acquire());
     m_guard.release();

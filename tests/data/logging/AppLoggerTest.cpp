@@ -4,6 +4,7 @@
 #include "HushwireError.h"
 #include "Process.h"
 #include "UrlCatcher.h"
+#include "WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -13,6 +14,7 @@
 #include <csignal>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,10 @@ using AppLoggerTest = DataTest;
 
 TEST_F(AppLoggerTest, WritesALineAnEventWithTimeLevelAndProcess)
 {
+    qputenv("TZ", "Asia/Tokyo");
+    ::tzset();
+    // A moment whose milliseconds have a zero in front.
+    ASSERT_TRUE(waitUntil([] { return QTime::currentTime().msec() < 50; }));
     const auto before = QDateTime::currentDateTimeUtc();
     AppLogger::info(u"Hello %1 世界. a=true"_s);
     AppLogger::error(u"Failed."_s);
@@ -47,6 +53,8 @@ TEST_F(AppLoggerTest, WritesALineAnEventWithTimeLevelAndProcess)
         QDateTime::fromString(QString::fromLatin1(content.first(24)), Qt::ISODateWithMs);
     EXPECT_TRUE(time >= before && time <= QDateTime::currentDateTimeUtc()) << content.data();
     EXPECT_EQ(content.at(23), 'Z');
+    qunsetenv("TZ");
+    ::tzset();
     EXPECT_EQ(modeOf(m_home.path(logFile)), 0600U);
     EXPECT_EQ(modeOf(m_directory), 0700U);
     EXPECT_EQ(modeOf(m_directory + u"/logs"_s), 0700U);
@@ -136,10 +144,22 @@ TEST_F(AppLoggerTest, ABlockedFolderIsNotOpenedAndEachLostLineIsOneInTheSystemLo
     AppLogger::openLogFolder();
     EXPECT_EQ(fileManager.opened, QList{AppLogger::logDirectoryURL()});
     EXPECT_EQ(loggedLines(m_home), QStringList{u"INFO Open log folder requested."_s});
-    m_home.write(u"victim"_s, "victim");
-    QFile::remove(m_home.path(logFile));
-    QFile::link(m_home.path(u"victim"_s), m_home.path(logFile));
-    AppLogger::info(u"lost to a link"_s);
+}
+
+TEST_F(AppLoggerTest, ALinkToAFileOfThisUserIsFollowedAndKeptAtARotationToo)
+{
+    m_home.write(u"elsewhere/my.log"_s, QByteArray(999'999, 'x') + '\n');
+    QDir().mkpath(m_directory + u"/logs"_s);
+    QFile::link(m_home.path(u"elsewhere/my.log"_s), m_home.path(logFile));
+    AppLogger::info(u"first"_s);
+    AppLogger::info(u"second"_s);
+    EXPECT_EQ(takeSystemLogLines(), QStringList());
+    EXPECT_EQ(m_home.read(oldFile).size(), 1'000'000);
+    EXPECT_EQ(m_home.read(u"elsewhere/my.log"_s).count('\n'), 2);
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give a file to another user";
+    ASSERT_EQ(::chown(qPrintable(m_home.path(u"elsewhere/my.log"_s)), 12345, 12345), 0);
+    AppLogger::info(u"lost"_s);
     EXPECT_EQ(takeSystemLogLines().size(), 1);
-    EXPECT_EQ(m_home.read(u"victim"_s), "victim");
+    EXPECT_EQ(m_home.read(u"elsewhere/my.log"_s).count('\n'), 2);
 }

@@ -67,8 +67,18 @@ TEST_F(AppConfigTest, TheFirstLoadWritesATemplateAndAllFilesAreMadePrivate)
     EXPECT_EQ(config, AppConfig());
     EXPECT_EQ(config.polishPrompt, PromptLibrary::cleanPrompt().text);
     EXPECT_EQ(m_home.read(configFile), m_template);
-    EXPECT_TRUE(m_template.contains(
-        "\"https://openspeech.bytedance.com/api/v3/auc/bigmodel/recognize/flash\""));
+    auto fields = QJsonDocument::fromJson(m_template).object();
+    fields.remove("polishPrompt"_L1);
+    EXPECT_EQ(
+        QJsonDocument(fields).toJson(QJsonDocument::Compact),
+        R"({"deepSeek":{"apiKey":"","baseURL":"https://api.deepseek.com",)"
+        R"("model":"deepseek-v4-flash"},"hotKey":{"displayName":"⌘⇧Space","keyCode":49,)"
+        R"("modifiers":768},"paste":{"restoreClipboardAfterMilliseconds":900},)"
+        R"("personalDictionary":{"terms":[]},"prompts":{"customPrompts":[],)"
+        R"("selectedID":"builtin.clean"},"volcengine":{"accessKey":"","apiKey":"",)"
+        R"("appKey":"","enableDDC":true,"enableITN":true,"enablePunctuation":true,"endpoint":)"
+        R"("https://openspeech.bytedance.com/api/v3/auc/bigmodel/recognize/flash",)"
+        R"("modelName":"bigmodel","resourceId":"volc.bigasr.auc_turbo"}})");
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(modeOf(m_directory), 0700U);
         EXPECT_EQ(modeOf(m_home.path(configFile)), 0600U);
@@ -184,6 +194,11 @@ TEST_F(AppConfigTest, SomethingElseInTheFilesPlaceIsReportedAndKept)
     EXPECT_THROW(AppConfig::save({}), LocalizedError);
     EXPECT_EQ(namesIn(m_directory), QStringList{u"config.json"_s});
     QDir().rmdir(m_home.path(configFile));
+    QFile::link(u"not-mounted"_s, m_home.path(configFile));
+    EXPECT_THROW(load(), LocalizedError);
+    EXPECT_THROW(AppConfig::save({}), LocalizedError);
+    EXPECT_FALSE(QFileInfo::exists(m_directory + u"/not-mounted"_s));
+    QFile::remove(m_home.path(configFile));
     ::mkfifo(qPrintable(m_home.path(configFile)), 0600);
     EXPECT_THROW(load(), LocalizedError);
     QDir(m_directory).removeRecursively();

@@ -21,7 +21,7 @@ public:
 
     // The system shows at most the last 15 characters of the label as the thread's name.
     explicit SerialQueue(const std::string &label);
-    // Stops.
+    // Stops, however long that takes.
     ~SerialQueue();
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
@@ -32,8 +32,9 @@ public:
     // Waits until all work submitted before has run; false when the limit passed first. On the
     // queue's own thread it returns at once.
     bool drain(std::chrono::milliseconds limit);
-    // Runs what is queued and ends the thread.
-    void stop();
+    // Runs what is queued and ends the thread; false when that took longer than the limit: the
+    // thread then goes on by itself, and this object must stay.
+    bool stop(std::chrono::milliseconds limit);
 
     [[nodiscard]] bool isCurrentThread() const;
 

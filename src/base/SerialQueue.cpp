@@ -35,7 +35,7 @@ SerialQueue::SerialQueue(const std::string &label)
 
 SerialQueue::~SerialQueue()
 {
-    stop();
+    stop(std::chrono::hours(24));
 }
 
 void SerialQueue::submit(Work work)
@@ -63,17 +63,18 @@ bool SerialQueue::drain(std::chrono::milliseconds limit)
         lock, limit, [this, target = m_submitted] { return m_done >= target; });
 }
 
-void SerialQueue::stop()
+bool SerialQueue::stop(std::chrono::milliseconds limit)
 {
-    if (isForkedChild())
-        return;
+    if (isForkedChild() || !m_thread.joinable())
+        return true;
     {
         const std::lock_guard lock(m_mutex);
         m_isStopped = true;
         m_submittedMore.notify_one();
     }
-    if (m_thread.joinable())
-        m_thread.join();
+    const bool hasEnded = drain(limit);
+    hasEnded ? m_thread.join() : m_thread.detach();
+    return hasEnded;
 }
 
 bool SerialQueue::isCurrentThread() const
