@@ -25,6 +25,10 @@ namespace {
 
 // The desktop may still be granting the permission while it starts the application.
 constexpr auto permissionCheckDelay = 700ms;
+// How often a duplicate launch looks whether the running instance has gone, and how long at most it
+// waits for its answer: longer than an instance takes to quit.
+constexpr auto takeOverInterval = 50ms;
+constexpr auto handOverLimit = 6s;
 
 QString keyFlag(const QString &key)
 {
@@ -62,13 +66,14 @@ void AppDelegate::applicationDidFinishLaunching()
     AppLogger::info("Launch started. app="_L1 + AppRuntime::appName + " bundleID="_L1
                     + AppRuntime::bundleIdentifier + " config="_L1 + AppRuntime::configPathDisplay
                     + " log="_L1 + AppLogger::logPathDisplay());
-    if (!m_singleInstanceGuard.acquire()) {
-        AppLogger::warning(
-            u"Duplicate launch detected. Requesting existing instance to show main window."_s);
-        requestExistingInstanceToShow();
-        QCoreApplication::quit();
-        return;
-    }
+    if (m_singleInstanceGuard.acquire())
+        launch();
+    else
+        handOver();
+}
+
+void AppDelegate::launch()
+{
     installDuplicateLaunchObserver();
     configureStatusMenu();
     loadConfig();
@@ -97,8 +102,6 @@ void AppDelegate::applicationWillTerminate()
 {
     if (std::exchange(m_hasTerminated, true))
         return;
-    Farewell::say();
-    m_showWindowChannel.stop();
     m_mainQueue.close();
     m_http.close();
     m_tasks.waitForDone();
@@ -112,10 +115,32 @@ void AppDelegate::applicationWillTerminate()
     m_singleInstanceGuard.release();
 }
 
+void AppDelegate::handOver()
+{
+    AppLogger::warning(
+        u"Duplicate launch detected. Requesting existing instance to show main window."_s);
+    m_handOverTimer = m_mainQueue.repeatEvery(takeOverInterval, [this] { takeOverIfLeft(); });
+    m_mainQueue.postAfter(handOverLimit, [this] {
+        if (m_handOverTimer)
+            QCoreApplication::quit();
+    });
+    requestExistingInstanceToShow();
+}
+
 void AppDelegate::requestExistingInstanceToShow()
 {
-    if (!m_showWindowChannel.post())
+    if (!m_showWindowChannel.post([] { QCoreApplication::quit(); }))
         AppLogger::warning(u"Duplicate launch request could not be sent. No session bus."_s);
+}
+
+// An instance that quits no longer answers, and lets go of its lock last.
+void AppDelegate::takeOverIfLeft()
+{
+    if (!m_singleInstanceGuard.acquire())
+        return;
+    m_handOverTimer.reset();
+    m_historyStore.load(); // what the other one saved last
+    launch();
 }
 
 void AppDelegate::installDuplicateLaunchObserver()

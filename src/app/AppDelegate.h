@@ -27,7 +27,8 @@ public:
     explicit AppDelegate(Backends backends);
     ~AppDelegate() override;
 
-    // Runs the launch. A duplicate launch hands over to the running instance and quits.
+    // Runs the launch. A duplicate launch hands over to the running instance and quits, or takes
+    // its place when it was on its way out.
     void applicationDidFinishLaunching();
     // The user opened the application again, by its tray icon.
     void applicationShouldHandleReopen();
@@ -53,7 +54,10 @@ public:
     void showAlert(const QString &text, std::function<void()> dismissed) override;
 
 private:
+    void launch();
+    void handOver();
     void requestExistingInstanceToShow();
+    void takeOverIfLeft();
     void installDuplicateLaunchObserver();
     void handleDuplicateLaunchRequest();
     void configureStatusMenu();

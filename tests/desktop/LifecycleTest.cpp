@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "AppLogger.h"
 #include "Desktop.h"
+#include "HangingDisk.h"
 #include "Process.h"
 #include "ScriptedServices.h"
 #include "TemporaryHome.h"
@@ -89,9 +91,31 @@ TEST(Lifecycle, EverySignalEndsItPromptlyWithItsFarewellAndLeavesNoFile)
             // Whoever is impatient sends it twice.
             ::kill(static_cast<pid_t>(application->processId()), signal);
             EXPECT_LT(millisecondsOf([&] { EXPECT_EQ(application->end(signal), 0); }), 2000);
-            EXPECT_EQ(WrenfoldApplication::log().filter(farewell).size(), 1);
+            const auto log = WrenfoldApplication::log();
+            EXPECT_EQ(log.filter(farewell), QStringList(log.last()));
+            EXPECT_EQ(log.filter(u"[ERROR]"_s), QStringList());
             EXPECT_TRUE(recordings().isEmpty());
         }
+}
+
+TEST(Lifecycle, ARelaunchDuringASlowQuitTakesOver)
+{
+    const auto first = WrenfoldApplication::launch();
+    std::unique_ptr<WrenfoldApplication> second;
+    {
+        const HangingDisk disk(AppLogger::logDirectoryURL().toLocalFile());
+        if (!disk.hangs())
+            GTEST_SKIP() << "this user has no right to hold up others";
+        ::kill(static_cast<pid_t>(first->processId()), SIGTERM);
+        second = std::make_unique<WrenfoldApplication>();
+        EXPECT_LT(millisecondsOf([&] { EXPECT_EQ(first->waitForExit(), 0); }), 5000);
+    }
+    const auto finished = u"[pid=%1] Launch finished."_s.arg(second->processId());
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(finished));
+    EXPECT_EQ(WrenfoldApplication().waitForExit(), 0);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(
+        u"[pid=%1] Duplicate launch request received."_s.arg(second->processId())));
+    EXPECT_TRUE(second->isRunning());
 }
 
 TEST(Lifecycle, ACrashLeavesNoLockAndItsRecordingIsSweptAtTheNextLaunch)

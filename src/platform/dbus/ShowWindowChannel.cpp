@@ -23,6 +23,11 @@ QString member()
     return u"showMainWindow"_s;
 }
 
+QString answerMember()
+{
+    return u"mainWindowShown"_s;
+}
+
 // The bus handles one client's messages in their order: once it answers, it has those before.
 bool hasTakenEverything(const QDBusConnection &bus)
 {
@@ -40,9 +45,12 @@ ShowWindowChannel::~ShowWindowChannel()
     stop();
 }
 
-bool ShowWindowChannel::post() const
+bool ShowWindowChannel::post(std::function<void()> answered)
 {
-    const auto bus = QDBusConnection::sessionBus();
+    auto bus = QDBusConnection::sessionBus();
+    m_answered = std::move(answered);
+    bus.connect(
+        {}, path(), AppRuntime::bundleIdentifier, answerMember(), this, SLOT(handleAnswer()));
     const auto request = QDBusMessage::createSignal(path(), AppRuntime::bundleIdentifier, member());
     return bus.isConnected() && bus.send(request) && hasTakenEverything(bus);
 }
@@ -50,6 +58,7 @@ bool ShowWindowChannel::post() const
 bool ShowWindowChannel::observe(std::function<void()> handler)
 {
     stop();
+    m_answered = {};
     auto bus = QDBusConnection::sessionBus();
     if (!bus.connect(
             {}, path(), AppRuntime::bundleIdentifier, member(), this, SLOT(handleRequest())))
@@ -69,6 +78,15 @@ void ShowWindowChannel::stop()
 
 void ShowWindowChannel::handleRequest()
 {
-    if (m_handler)
-        m_handler();
+    if (!m_handler)
+        return;
+    m_handler();
+    QDBusConnection::sessionBus().send(
+        QDBusMessage::createSignal(path(), AppRuntime::bundleIdentifier, answerMember()));
+}
+
+void ShowWindowChannel::handleAnswer()
+{
+    if (m_answered)
+        m_answered();
 }
