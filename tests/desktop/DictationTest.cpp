@@ -5,6 +5,7 @@
 #include "Process.h"
 #include "ScriptedServices.h"
 #include "TemporaryHome.h"
+#include "TrayPanel.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
 
@@ -25,6 +26,11 @@ void speak(double seconds)
     const auto command = u"sox -q -n -r 48000 -c 1 -b 16 -t raw - synth %1 sine 440 | "
                          "pacat --raw --rate=48000 --channels=1 --format=s16le"_s.arg(seconds);
     ASSERT_EQ(runCommand(command).exitCode, 0);
+}
+
+void signalSoundServer(int signal)
+{
+    ASSERT_EQ(::kill(qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_SOUND_PID"), signal), 0);
 }
 
 } // namespace
@@ -112,12 +118,38 @@ TEST_F(Dictation, ALostSoundServerLeavesARecordingAndTheNextPressSaysSo)
     launch(services);
     startRecording();
     speak(0.5);
-    ASSERT_EQ(::kill(qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_SOUND_PID"), SIGKILL), 0);
+    signalSoundServer(SIGKILL);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Recording interrupted. storageFull=false"_s));
     finish();
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
     tap(Key::hotKey, u"Showing error. error=录音没有启动成功。"_s);
     EXPECT_TRUE(recordings().isEmpty());
     tap(Key::hotKey, u"Showing error."_s, 2);
+}
+
+TEST_F(Dictation, ASoundServerThatStandsStillNeverHoldsUpTheApplication)
+{
+    launch(services);
+    TrayPanel panel;
+    ASSERT_TRUE(panel.hasIcon());
+    startRecording();
+    signalSoundServer(SIGSTOP);
+    desktop.tap(Key::hotKey);
+    qint64 slowest = 0;
+    const auto said = [&](const QString &text) {
+        return waitUntil([&] {
+            slowest = std::max(slowest, panel.millisecondsToAnswer());
+            return WrenfoldApplication::log().join(u'\n').contains(text);
+        });
+    };
+    EXPECT_TRUE(said(u"Processing timing."_s));
+    EXPECT_TRUE(panel.awaitToolTip(u"：听，"_s));
+    desktop.tap(Key::hotKey);
+    EXPECT_TRUE(said(u"Showing error. error=录音没有启动成功。"_s));
+    // Some milliseconds, but for the load of this machine; the server's silence lasts seconds.
+    EXPECT_LT(slowest, 120);
+    signalSoundServer(SIGCONT);
+    startRecording(2);
 }
 
 TEST_F(Dictation, AServiceThatFailsLeavesNothingTypedAndTheNextPressReady)

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "DBusTrayHostWatch.h"
-#include "Process.h"
+#include "Desktop.h"
 #include "SelectionOwner.h"
-#include "StatusMenu.h"
-#include "TemporaryHome.h"
+#include "TrayPanel.h"
 #include "WaitUntil.h"
+#include "WrenfoldApplication.h"
 #include "X11Connection.h"
 #include "X11Selections.h"
 #include "X11TrayWatch.h"
@@ -19,82 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Calls a method of the session bus; `what` is its path, name and arguments.
-QString call(const QString &service, const QString &what)
-{
-    const auto result = runCommand(u"gdbus call --session --dest %1 -o "_s.arg(service) + what);
-    return QString::fromUtf8(result.output);
-}
-
-QString watcherProperty(const QString &name)
-{
-    return call(u"org.kde.StatusNotifierWatcher"_s,
-                u"/StatusNotifierWatcher -m org.freedesktop.DBus.Properties.Get "
-                "org.kde.StatusNotifierWatcher "_s
-                    + name);
-}
-
-// The private desktop may have its panel from the start, or without WRENFOLD_DESKTOP_PARTS' "tray"
-// none until the test starts it.
-class TrayTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        std::vector<std::unique_ptr<TrayHostWatch>> watches;
-        watches.push_back(std::make_unique<DBusTrayHostWatch>());
-        watches.push_back(std::make_unique<X11TrayWatch>());
-        m_menu.loadIcon();
-        m_menu.setToolTip(u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s);
-        m_menu.showWhenHosted(std::move(watches));
-    }
-
-    void awaitIcon()
-    {
-        if (!watcherProperty(u"IsStatusNotifierHostRegistered"_s).contains("true"_L1)) {
-            EXPECT_FALSE(m_menu.hasIcon());
-            m_panel.start(u"/usr/bin/python3"_s, {QStringLiteral(WRENFOLD_TEST_PANEL)});
-        }
-        ASSERT_TRUE(waitUntil([this] { return m_menu.hasIcon(); }));
-        ASSERT_TRUE(waitUntil([this] {
-            const auto items = watcherProperty(u"RegisteredStatusNotifierItems"_s);
-            m_item = QRegularExpression(u".*'([^']+)'"_s).match(items).captured(1);
-            return !m_item.isEmpty();
-        }));
-    }
-
-    // Chooses a menu entry as a panel does.
-    void choose(const QString &label)
-    {
-        const QRegularExpression entry(u"\\((\\d+), \\{[^}]*'label': <'%1'>"_s.arg(label));
-        call(m_item,
-             u"/MenuBar -m com.canonical.dbusmenu.Event %1 clicked \"<''>\" 0"_s.arg(
-                 entry.match(layout()).captured(1)));
-    }
-
-    QString layout()
-    {
-        return call(m_item, u"/MenuBar -m com.canonical.dbusmenu.GetLayout -- 0 -1 []"_s);
-    }
-
-    QString itemProperty(const QString &name)
-    {
-        return call(m_item,
-                    u"/StatusNotifierItem -m org.freedesktop.DBus.Properties.Get "
-                    "org.kde.StatusNotifierItem "_s
-                        + name);
-    }
-
-    TemporaryHome m_home;
-    QStringList m_calls;
-    StatusMenu m_menu{{[this] { m_calls << u"configure"_s; },
-                       [this] { m_calls << u"logs"_s; },
-                       [this] { m_calls << u"quit"_s; },
-                       [this] { m_calls << u"activate"_s; }}};
-    QString m_item; // the bus name that owns the icon
-    BackgroundProcess m_panel;
-};
 
 // What a panel of the older kind does when it comes up.
 void announceEmbeddingPanel(const X11Connection &connection)
@@ -116,22 +39,47 @@ void announceEmbeddingPanel(const X11Connection &connection)
 
 } // namespace
 
-TEST_F(TrayTest, showsIconToolTipAndMenuOncePanelsAreThereAndCallsWhatIsChosen)
+// The private desktop may have its panel from the start, or none until it is made here.
+TEST(Tray, TheIconItsToolTipAndEveryEntryOfItsMenuDoTheirPart)
 {
-    awaitIcon();
-    EXPECT_TRUE(itemProperty(u"ToolTip"_s).contains(u"Wrenfold：按 ⌘⇧Space 开始或停止录音"_s));
-    EXPECT_TRUE(itemProperty(u"IconPixmap"_s).contains(u"(18, 18, "_s));
-    m_menu.setToolTip(u"Wrenfold：录"_s);
-    EXPECT_TRUE(itemProperty(u"ToolTip"_s).contains(u"Wrenfold：录"_s));
+    const auto application = WrenfoldApplication::launch();
+    TrayPanel panel;
+    ASSERT_TRUE(panel.hasIcon());
+    const auto toolTip = u"Wrenfold：%1，按 ⌘⇧Space 开始或停止录音"_s;
+    EXPECT_TRUE(panel.awaitToolTip(toolTip.arg(u"听"_s)));
+    EXPECT_TRUE(panel.iconProperty(u"IconPixmap"_s).contains(u"(18, 18, "_s));
+    const auto menu = panel.menu();
     const QRegularExpression order(
         u"'开始使用'.*'打开日志文件夹'.*'type': <'separator'>.*'退出'"_s);
-    EXPECT_TRUE(layout().contains(order)) << layout().toStdString();
-    EXPECT_TRUE(layout().contains(u"'shortcut': <[['Control', 'Q']]>"_s)) << layout().toStdString();
-    for (const auto &label : {u"打开日志文件夹"_s, u"开始使用"_s, u"退出"_s})
-        choose(label);
-    call(m_item, u"/StatusNotifierItem -m org.kde.StatusNotifierItem.Activate 0 0"_s);
-    EXPECT_TRUE(waitUntil([this] { return m_calls.size() == 4; }));
-    EXPECT_EQ(m_calls, QStringList({u"logs"_s, u"configure"_s, u"quit"_s, u"activate"_s}));
+    EXPECT_TRUE(menu.contains(order)) << menu.toStdString();
+    EXPECT_TRUE(menu.contains(u"'shortcut': <[['Control', 'Q']]>"_s)) << menu.toStdString();
+    if (!qEnvironmentVariableIsEmpty("WRENFOLD_DESKTOP_SOUND_PID")) {
+        Desktop desktop;
+        for (const auto &[keys, said, word] :
+             {std::tuple(Key::hotKey, u"Recording started."_s, u"录"_s),
+              std::tuple(std::vector{Key::escape}, u"Recording cancelled."_s, u"听"_s)}) {
+            EXPECT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, keys, said));
+            EXPECT_TRUE(panel.awaitToolTip(toolTip.arg(word)));
+        }
+    }
+
+    const auto isShown = [] {
+        return runCommand(u"xdotool search --onlyvisible --name '^Wrenfold$'"_s).exitCode == 0;
+    };
+    ASSERT_TRUE(waitUntil(isShown));
+    runCommand(u"xdotool search --onlyvisible --name '^Wrenfold$' windowquit"_s);
+    ASSERT_TRUE(waitUntil([&] { return !isShown(); }));
+    panel.choose(u"开始使用"_s);
+    EXPECT_TRUE(waitUntil(isShown));
+    EXPECT_FALSE(WrenfoldApplication::log().join(u'\n').contains(u"Open log folder"_s));
+    panel.choose(u"打开日志文件夹"_s);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Open log folder requested."_s));
+    panel.click();
+    const auto reopened = u"Application reopen requested. hasVisibleWindows=true"_s;
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(reopened));
+    EXPECT_TRUE(application->isRunning());
+    panel.choose(u"退出"_s);
+    EXPECT_EQ(application->waitForExit(), 0);
 }
 
 TEST(EmbeddedTray, isFoundWheneverItComes)

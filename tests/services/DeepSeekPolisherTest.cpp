@@ -46,6 +46,7 @@ TEST_F(DeepSeekPolisherTest, SendsTheWholeRequestInTheGivenOrder)
     EXPECT_EQ(outcomeOf(200, choices(choice(R"(" 好。\n")"))), "= 好。");
     const auto &[head, body, time] = m_requests.at(0);
     EXPECT_TRUE(head.startsWith("POST /base/chat/completions HTTP/1.1\r\n"));
+    EXPECT_EQ(HttpRequest().inactivityLimit, std::chrono::seconds(60));
     EXPECT_TRUE(
         head.contains("\r\nContent-Type: application/json\r\nAuthorization: Bearer sk-1\r\n"));
     EXPECT_EQ(body,

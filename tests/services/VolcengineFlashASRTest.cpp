@@ -19,6 +19,8 @@ protected:
         QFile file(m_path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("RIFF") == 4);
         m_config.apiKey = u" key\n"_s;
+        m_config.appKey = u" app "_s;
+        m_config.accessKey = u"access\n"_s;
     }
 
     QString transcribed()
@@ -57,7 +59,7 @@ protected:
 TEST_F(VolcengineFlashASRTest, SendsTheWholeRequestInTheGivenOrder)
 {
     m_config.modelName = u"big\"model"_s;
-    m_config.enableDDC = false;
+    m_config.enablePunctuation = false;
     EXPECT_EQ(outcomeOf(m_hello), "= 你好");
     EXPECT_TRUE(m_requests.at(0).head.startsWith("POST /base HTTP/1.1\r\n"));
     EXPECT_EQ(ownHeaders(),
@@ -65,21 +67,19 @@ TEST_F(VolcengineFlashASRTest, SendsTheWholeRequestInTheGivenOrder)
               "X-Api-Request-Id\nX-Api-Sequence: -1\nX-Api-Key: key\n");
     EXPECT_EQ(m_requests[0].body,
               R"({"user":{"uid":"key"},"audio":{"data":"UklGRg=="},"request":{"model_name":)"
-              R"("big\"model","enable_itn":true,"enable_punc":true,"enable_ddc":false}})");
+              R"("big\"model","enable_itn":true,"enable_punc":false,"enable_ddc":true}})");
     const auto id = QString::fromLatin1(*m_requests[0].header("X-Api-Request-Id"));
     EXPECT_EQ(QUuid(id).toString(QUuid::WithoutBraces).toUpper(), id);
 
     m_config.apiKey = u"  "_s;
-    m_config.appKey = u" app "_s;
-    m_config.accessKey = u"access\n"_s;
-    m_config.enableDDC = true;
+    m_config.enableDDC = false;
     m_dictionary.terms = {u"C++ 语言"_s, u"x"_s, u"c 语言"_s, u"Wren"_s};
     EXPECT_EQ(outcomeOf(m_hello), "= 你好");
     EXPECT_NE(m_requests.at(0).header("X-Api-Request-Id"), id.toLatin1());
     EXPECT_TRUE(ownHeaders().endsWith("-1\nX-Api-App-Key: app\nX-Api-Access-Key: access\n"));
     EXPECT_TRUE(m_requests[0].body.startsWith(R"({"user":{"uid":"app"},)"));
     EXPECT_TRUE(m_requests[0].body.endsWith(
-        R"("enable_ddc":true,"corpus":{"context":"{\"hotwords\":[{\"word\":\"C 语言\"},)"
+        R"("enable_itn":true,"enable_punc":false,"enable_ddc":false,"corpus":{"context":"{\"hotwords\":[{\"word\":\"C 语言\"},)"
         R"({\"word\":\"Wren\"}]}"}}})"));
 }
 
@@ -132,7 +132,7 @@ TEST_F(VolcengineFlashASRTest, ChecksTheSettingsThenTheFileBeforeAnyNetworkUse)
                   "other: The file \"" + m_path.toStdString() + "\" could not be read: " + reason);
     }
     m_config.apiKey.clear();
-    m_config.appKey = u"app"_s;
+    m_config.accessKey.clear();
     EXPECT_EQ(serviceOutcome(call),
               "configMissing: 请先在 ~/.wrenfold/config.json 填入火山引擎 apiKey，"
               "或 appKey + accessKey。");
