@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <numeric>
 
 using namespace std::chrono_literals;
 
@@ -32,40 +33,30 @@ protected:
 
 } // namespace
 
-TEST_F(EventLoopMainQueueTest, PostedWorkRunsLaterInOrderOnTheMainThread)
-{
-    std::vector<int> ran;
-    std::vector<int> expected;
-    const auto post = [&](int i) {
-        m_queue.post(
-            [&, i] { ran.push_back(std::this_thread::get_id() == m_mainThread ? i : -1); });
-        expected.push_back(i);
-    };
-    post(0);
-    EXPECT_TRUE(ran.empty());
-    runElsewhere([&] {
-        for (int i = 1; i <= 1000; ++i)
-            post(i);
-    });
-    EXPECT_TRUE(waitUntil([&] { return ran == expected; }));
-}
-
-TEST_F(EventLoopMainQueueTest, DelayedWorkRunsAfterItsDelayWhoeverPostsIt)
+TEST_F(EventLoopMainQueueTest, WorkRunsLaterOnTheMainThreadInOrderAndAfterItsDelay)
 {
     using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    std::vector<std::pair<int, Clock::duration>> ran;
-    const auto note = [&](int milliseconds) {
-        return [&, milliseconds] { ran.emplace_back(milliseconds, Clock::now() - start); };
+    std::vector<int> ran;
+    const auto note = [&](int mark, Clock::time_point notBefore) {
+        return [&, mark, notBefore] {
+            const bool isRight =
+                std::this_thread::get_id() == m_mainThread && Clock::now() >= notBefore;
+            ran.push_back(isRight ? mark : -1);
+        };
     };
-    m_queue.postAfter(60ms, note(60));
-    runElsewhere([&] { m_queue.postAfter(30ms, note(30)); });
-    m_queue.postAfter(0ms, note(0));
-    ASSERT_TRUE(waitUntil([&] { return ran.size() == 3; }));
-    for (size_t i = 0; i < ran.size(); ++i) {
-        EXPECT_EQ(ran[i].first, static_cast<int>(i) * 30);
-        EXPECT_GE(ran[i].second, std::chrono::milliseconds(ran[i].first));
-    }
+    std::vector<int> expected(1000);
+    std::iota(expected.begin(), expected.end(), 0);
+    m_queue.postAfter(160ms, note(1001, Clock::now() + 160ms));
+    m_queue.post(note(0, {}));
+    EXPECT_TRUE(ran.empty());
+    runElsewhere([&] {
+        m_queue.postAfter(80ms, note(1000, Clock::now() + 80ms));
+        for (int i = 1; i < 1000; ++i)
+            m_queue.post(note(i, {}));
+    });
+    expected.insert(expected.end(), {1000, 1001});
+    ASSERT_TRUE(waitUntil([&] { return ran.size() == 1002; }));
+    EXPECT_EQ(ran, expected);
 }
 
 TEST_F(EventLoopMainQueueTest, RunAndWaitReturnsWhenTheWorkHasRunAndRethrows)

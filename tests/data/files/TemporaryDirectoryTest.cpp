@@ -40,29 +40,30 @@ protected:
 
 } // namespace
 
-TEST_F(TemporaryDirectoryTest, TheRuntimeDirectoryComesFirstWhenNobodyElseCanWriteThere)
+TEST_F(TemporaryDirectoryTest, IsThePrivateOneOfTheEnvironmentElseAFolderInTheSharedOne)
 {
-    const auto runtime = m_home.path(u"run"_s);
-    for (const mode_t mode : {0700U, 0755U, 0770U, 0707U}) {
-        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(directory(u"run"_s, mode)));
-        EXPECT_EQ(temporaryDirectoryPath(), (mode & 022) == 0 ? runtime : m_ownFolder) << mode;
-    }
-    for (const auto &path : {m_home.path(u"missing"_s), u"."_s, u""_s}) {
-        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
-        EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder) << path.toStdString();
-    }
-}
-
-TEST_F(TemporaryDirectoryTest, APrivateTmpdirIsUsedItselfAndASharedOneGetsAFolder)
-{
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder);
-        EXPECT_EQ(modeOf(m_ownFolder), 0700U);
-        ::chmod(qPrintable(m_ownFolder), 0777);
-    }
+    const auto runtime = directory(u"run"_s, 0700);
     const auto own = directory(u"own"_s, 0700);
-    qputenv("TMPDIR", QFile::encodeName(own) + '/');
-    EXPECT_EQ(temporaryDirectoryPath(), own);
+    const auto shared = m_home.path(u"shared"_s);
+    // The runtime directory's mode and path, $TMPDIR, and what comes of them.
+    const std::tuple<mode_t, QString, QString, QString> rows[] = {
+        {0700, runtime, shared, runtime},
+        {0755, runtime, shared, runtime},
+        {0770, runtime, shared, m_ownFolder},
+        {0707, runtime, own, own},
+        {0700, m_home.path(u"missing"_s), shared, m_ownFolder},
+        {0700, u"."_s, own + u'/', own},
+        {0700, u""_s, shared, m_ownFolder}};
+    for (const auto &[mode, path, temporary, expected] : rows) {
+        static_cast<void>(directory(u"run"_s, mode));
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+        EXPECT_EQ(temporaryDirectoryPath(), expected) << mode << path.toStdString();
+        if (expected == m_ownFolder) {
+            EXPECT_EQ(modeOf(m_ownFolder), 0700U);
+            ::chmod(qPrintable(m_ownFolder), 0777);
+        }
+    }
 }
 
 TEST_F(TemporaryDirectoryTest, APlantedFolderIsRefusedAndTheGuardStopsNobody)
@@ -74,19 +75,12 @@ TEST_F(TemporaryDirectoryTest, APlantedFolderIsRefusedAndTheGuardStopsNobody)
     EXPECT_TRUE(guard.acquire());
     EXPECT_TRUE(namesIn(m_home.path(u"elsewhere"_s)).isEmpty());
     QFile::remove(m_ownFolder);
-    m_home.write(QDir(m_home.path()).relativeFilePath(m_ownFolder), "a file");
-    EXPECT_EQ(temporaryDirectoryPath(), QString());
-}
-
-TEST_F(TemporaryDirectoryTest, WhatBelongsToSomeoneElseIsNotUsed)
-{
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can give a directory to another user";
-    const uid_t other = 12345;
     const auto runtime = directory(u"run"_s, 0700);
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
-    ASSERT_EQ(::chown(qPrintable(runtime), other, other), 0);
+    ASSERT_EQ(::chown(qPrintable(runtime), 12345, 12345), 0);
     EXPECT_EQ(temporaryDirectoryPath(), m_ownFolder);
-    ASSERT_EQ(::chown(qPrintable(m_ownFolder), other, other), 0);
+    ASSERT_EQ(::chown(qPrintable(m_ownFolder), 12345, 12345), 0);
     EXPECT_EQ(temporaryDirectoryPath(), QString());
 }
