@@ -114,8 +114,7 @@ TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
             << qPrintable(line);
         auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         ASSERT_NE(alert, nullptr) << qPrintable(line);
-        EXPECT_EQ(alert->text(), u"Wrenfold"_s);
-        EXPECT_EQ(alert->icon(), QMessageBox::Warning);
+        EXPECT_TRUE(alert->icon() == QMessageBox::Warning && alert->text() == "Wrenfold"_L1);
         EXPECT_TRUE(alert->informativeText().contains(u"config.json"_s));
         alert->accept();
     }

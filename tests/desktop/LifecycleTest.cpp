@@ -63,19 +63,6 @@ TEST(Lifecycle, OneOfTwentyLaunchedAtOnceStaysAndTheOthersHandOver)
     EXPECT_EQ(log.filter(farewell).size(), 19);
 }
 
-TEST(Lifecycle, ASecondLaunchShowsTheFirstOnesWindow)
-{
-    const auto first = WrenfoldApplication::launch();
-    EXPECT_EQ(WrenfoldApplication().waitForExit(), 0);
-    const auto shown = u"[pid=%1] Duplicate launch request received. Showing main window."_s.arg(
-        first->processId());
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(shown));
-    runCommand(
-        u"dbus-send --session --type=signal /local/wrenfold local.wrenfold.showMainWindow"_s);
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(shown, 2));
-    EXPECT_TRUE(first->isRunning());
-}
-
 TEST(Lifecycle, EverySignalEndsItPromptlyWithItsFarewellAndLeavesNoFile)
 {
     const ScriptedServices services({u"--recognition-delay"_s, u"30000"_s});

@@ -19,9 +19,16 @@ const auto referenceDate = QDateTime(QDate(2001, 1, 1), QTime(), Qt::UTC);
 class HistoryStoreTest : public DataTest
 {
 protected:
-    [[nodiscard]] QJsonArray stored() const
+    // What a change leaves in the file.
+    QJsonArray storedAfter(HistoryStore &store, const std::function<void()> &change) const
     {
+        change();
+        store.drain();
         return QJsonDocument::fromJson(m_home.read(historyFile)).array();
+    }
+    QJsonArray storedAfterAdding(HistoryStore &store) const
+    {
+        return storedAfter(store, [&] { store.add(u"new"_s, {}); });
     }
 
     static QByteArray item(const QByteArray &createdAt, const QByteArray &id = anID)
@@ -41,15 +48,13 @@ TEST_F(HistoryStoreTest, KeepsResultsNewestFirstAsGivenAndCreatesNoFileBefore)
     EXPECT_TRUE(namesIn(m_home.path()).isEmpty());
     const auto before = QDateTime::currentDateTimeUtc();
     store.add(u" 一/\"1\"\n "_s, u"lone surrogate "_s + QChar(0xd83d));
-    store.add({}, {});
-    store.drain();
+    const auto object = storedAfterAdding(store).at(1).toObject();
     const auto &first = store.items().at(1);
     EXPECT_EQ(first.transcript, u" 一/\"1\"\n "_s);
     EXPECT_TRUE(first.createdAt >= before && first.createdAt <= QDateTime::currentDateTimeUtc());
     EXPECT_EQ(HistoryStore().items(), store.items());
     EXPECT_EQ(modeOf(m_home.path(historyFile)), 0600U);
     EXPECT_EQ(modeOf(m_directory), 0700U);
-    const auto object = stored().at(1).toObject();
     EXPECT_EQ(object.keys(), u"createdAt id polished transcript"_s.split(u' '));
     EXPECT_EQ(object.value("id"_L1).toString(), first.id.toString(QUuid::WithoutBraces).toUpper());
     EXPECT_DOUBLE_EQ(object.value("createdAt"_L1).toDouble() * 1000,
@@ -67,13 +72,12 @@ TEST_F(HistoryStoreTest, CopiesALegacyFileAndDropsTheOldestAboveTwoHundred)
     HistoryStore store;
     EXPECT_EQ(m_home.read(historyFile), legacy);
     EXPECT_EQ(modeOf(m_home.path(historyFile)), 0600U);
-    ASSERT_EQ(store.items().size(), 250);
+    EXPECT_EQ(store.items().size(), 250);
     EXPECT_EQ(store.items().at(0).createdAt, referenceDate);
-    store.add(u"new"_s, {});
-    store.drain();
-    ASSERT_EQ(stored().size(), 200);
-    EXPECT_EQ(stored().first()["transcript"_L1], u"new"_s);
-    EXPECT_EQ(stored().last()["transcript"_L1], u"198"_s);
+    const auto stored = storedAfterAdding(store);
+    EXPECT_EQ(stored.size(), 200);
+    EXPECT_EQ(stored.first()["transcript"_L1], u"new"_s);
+    EXPECT_EQ(stored.last()["transcript"_L1], u"198"_s);
     EXPECT_EQ(m_home.read(u".hush-wire/history.json"_s), legacy);
 }
 
@@ -82,18 +86,15 @@ TEST_F(HistoryStoreTest, RemovesEveryItemWithTheIdAndElseRewritesTheFileUnchange
     write(item("0") + ',' + item("794312345.123456") + ','
           + item("-0.0004", "00000000-0000-0000-0000-000000000000"));
     HistoryStore store;
-    store.remove(QUuid::createUuid());
-    store.drain();
-    EXPECT_EQ(stored().at(1)["createdAt"_L1].toDouble(), 794312345.123456);
-    EXPECT_EQ(stored().at(2)["createdAt"_L1].toDouble(), -0.0004);
-    const auto rewritten = m_home.read(historyFile);
-    store.remove(QUuid::createUuid());
-    store.drain();
-    EXPECT_EQ(m_home.read(historyFile), rewritten);
-    store.remove(QUuid(QString::fromLatin1(anID)));
-    store.drain();
+    const auto remove = [&](const QUuid &id) {
+        return storedAfter(store, [&] { store.remove(id); });
+    };
+    const auto rewritten = remove(QUuid::createUuid());
+    EXPECT_EQ(rewritten.at(1)["createdAt"_L1].toDouble(), 794312345.123456);
+    EXPECT_EQ(rewritten.at(2)["createdAt"_L1].toDouble(), -0.0004);
+    EXPECT_EQ(remove(QUuid::createUuid()), rewritten);
+    EXPECT_EQ(remove(QUuid(QString::fromLatin1(anID))).size(), 1);
     EXPECT_EQ(store.items().size(), 1);
-    EXPECT_EQ(stored().size(), 1);
 }
 
 TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
@@ -107,10 +108,8 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
         HistoryStore store;
         EXPECT_TRUE(store.items().isEmpty()) << content.data();
         EXPECT_EQ(m_home.read(historyFile), content);
-        store.add(u"a"_s, u"b"_s);
-        store.add(u"a"_s, u"b"_s);
-        store.drain();
-        EXPECT_EQ(HistoryStore().items(), store.items());
+        EXPECT_EQ(storedAfterAdding(store).size(), 1);
+        EXPECT_EQ(storedAfterAdding(store).size(), 2);
         const auto names = namesIn(m_directory);
         ASSERT_EQ(names.size(), 2);
         EXPECT_TRUE(names.at(1).startsWith("history.unreadable-"_L1));
@@ -121,16 +120,13 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
     write("7");
     HistoryStore store;
     QFile::remove(m_home.path(historyFile));
-    store.add(u"a"_s, u"b"_s);
-    store.drain();
-    EXPECT_EQ(HistoryStore().items(), store.items());
+    EXPECT_EQ(storedAfterAdding(store).size(), 1);
     QFile::remove(m_home.path(historyFile));
     ASSERT_TRUE(QFile::link(u"elsewhere"_s, m_home.path(historyFile)));
-    store.add(u"c"_s, u"d"_s);
-    store.drain();
+    EXPECT_EQ(storedAfterAdding(store).size(), 0);
     EXPECT_EQ(takeSystemLogLines().size(), 1);
-    HistoryStore().add(u"a"_s, u"b"_s);
-    EXPECT_EQ(HistoryStore().items().size(), 1);
+    HistoryStore next;
+    EXPECT_EQ(storedAfterAdding(next).size(), 1);
     EXPECT_EQ(QDir(m_directory).entryInfoList({u"*.unreadable-*"_s}, QDir::System).size(), 1);
 }
 
@@ -138,14 +134,11 @@ TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheC
 {
     QDir().mkpath(m_home.path(historyFile));
     HistoryStore store;
-    store.add(u"a"_s, u"b"_s);
-    store.drain();
+    EXPECT_EQ(storedAfterAdding(store).size(), 0);
     EXPECT_EQ(store.items().size(), 1);
     const auto line = u"Wrenfold history save failed: Cannot replace %1: Is a directory."_s;
     EXPECT_EQ(takeSystemLogLines(), QStringList{line.arg(m_home.path(historyFile))});
     EXPECT_EQ(namesIn(m_directory), QStringList{u"history.json"_s});
     QDir().rmdir(m_home.path(historyFile));
-    store.add(u"c"_s, u"d"_s);
-    store.drain();
-    EXPECT_EQ(stored().size(), 2);
+    EXPECT_EQ(storedAfterAdding(store).size(), 2);
 }
