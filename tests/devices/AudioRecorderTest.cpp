@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 class AudioRecorderTest : public testing::Test
 {
 protected:
-    QStringList files() const { return QDir(m_home.runtimePath()).entryList({u"*.*"_s}); }
+    QStringList files() const { return QDir(m_home.runtimePath()).entryList({u"?*.?*"_s}); }
     std::string start()
     {
         return outcome([this] {
