@@ -243,6 +243,7 @@ TEST_F(DictationSessionTest, TakesTheSettingsOfEachStageAndLogsEveryStepButNoTex
     // What is changed meanwhile applies to the stages that follow.
     host.settings.deepSeek.model = u"another-model"_s;
     host.settings.prompts = {u"custom.1"_s, {{u"custom.1"_s, u"Mine"_s, u"Be brief."_s}}};
+    EXPECT_TRUE(queue.runUntil([this] { return logged().contains(u"ASR started."_s); }));
     EXPECT_FALSE(queue.runUntil([] { return false; }, 20ms)); // recognition takes its time
     play(u"ok"_s);
     host.settings.paste = {7};
