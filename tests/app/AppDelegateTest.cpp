@@ -65,62 +65,55 @@ protected:
     std::unique_ptr<AppDelegate> delegate;
 };
 
-const HotKeyConfig controlOptionK{40, 0x1800, u"⌃⌥K"_s};
-const PromptSettings scriptPrompt{u"builtin.script"_s, {{u"custom.1"_s, u"我的"_s, u"简短。"_s}}};
-
 } // namespace
 
-TEST_F(AppDelegateTest, SavesAndAppliesWhatTheWindowReports)
+TEST_F(AppDelegateTest, SavesAndAppliesWhatTheWindowReportsAndShowsWhatCannotBeSaved)
 {
     launch();
     auto &window = delegate->mainWindow();
-    window.onAPIKeysSave(u" voice "_s, u""_s);
-    window.onHotKeyChange(controlOptionK);
-    window.onPromptSettingsChange(scriptPrompt, u"文案"_s);
-    window.onPersonalDictionaryChange(PersonalDictionaryConfig({u"DeepSeek"_s, u"Qt 6"_s}));
-
-    const auto config = stored();
-    EXPECT_EQ(config, delegate->config());
-    EXPECT_EQ(config.volcengine.apiKey, u" voice "_s);
-    EXPECT_EQ(config.hotKey, controlOptionK);
-    EXPECT_EQ(config.prompts, scriptPrompt);
-    EXPECT_EQ(config.polishPrompt, u"文案"_s);
-    EXPECT_EQ(config.personalDictionary.terms, QStringList({u"DeepSeek"_s, u"Qt 6"_s}));
-    EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(40U, 0x1800U));
-    EXPECT_TRUE(log().endsWith(u"INFO API keys saved. doubaoKeySet=true deepSeekKeySet=false\n"
-                               "INFO Hotkey saved. displayName=⌃⌥K\n"
-                               "INFO Registering hotkey. displayName=⌃⌥K modifierOnly=false\n"
-                               "INFO Hotkey registered. displayName=⌃⌥K\n"
-                               "INFO Prompt settings saved. selectedID=builtin.script\n"
-                               "INFO Personal dictionary saved. terms=2\n"_s))
-        << qPrintable(log());
-}
-
-TEST_F(AppDelegateTest, AFailedSaveIsShownAndTheChangeStaysForTheRun)
-{
-    launch();
-    QFile::remove(home.path(u".wrenfold/config.json"_s));
-    ASSERT_TRUE(QDir().mkpath(home.path(u".wrenfold/config.json/in-the-way"_s)));
-    auto &window = delegate->mainWindow();
-    const std::pair<std::function<void()>, QString> rows[] = {
-        {[&] { window.onAPIKeysSave(u"voice"_s, u"polish"_s); }, u"API key"_s},
-        {[&] { window.onHotKeyChange(controlOptionK); }, u"Hotkey"_s},
-        {[&] { window.onPromptSettingsChange(scriptPrompt, u"文案"_s); }, u"Prompt settings"_s},
-        {[&] { window.onPersonalDictionaryChange({}); }, u"Personal dictionary"_s},
-    };
-    for (const auto &[change, line] : rows) {
-        change();
-        EXPECT_TRUE(log().contains(u"\nERROR "_s + line + u" save failed. error="_s))
-            << qPrintable(line);
-        auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        ASSERT_NE(alert, nullptr) << qPrintable(line);
-        EXPECT_TRUE(alert->icon() == QMessageBox::Warning && alert->text() == "Wrenfold"_L1);
-        EXPECT_TRUE(alert->informativeText().contains(u"config.json"_s));
-        alert->accept();
+    const HotKeyConfig hotKey{40, 0x1800, u"⌃⌥K"_s};
+    const PromptSettings prompts{u"builtin.script"_s, {{u"custom.1"_s, u"我的"_s, u"简短。"_s}}};
+    // What is reported, and what is logged of it.
+    const std::tuple<std::function<void()>, QString, QString> rows[] = {
+        {[&] { window.onAPIKeysSave(u" voice "_s, u""_s); },
+         u"API key"_s,
+         u"s saved. doubaoKeySet=true deepSeekKeySet=false"_s},
+        {[&] { window.onHotKeyChange(hotKey); }, u"Hotkey"_s, u" saved. displayName=⌃⌥K"_s},
+        {[&] { window.onPromptSettingsChange(prompts, u"文案"_s); },
+         u"Prompt settings"_s,
+         u" saved. selectedID=builtin.script"_s},
+        {[&] { window.onPersonalDictionaryChange(PersonalDictionaryConfig({u"Qt 6"_s})); },
+         u"Personal dictionary"_s,
+         u" saved. terms=1"_s}};
+    AppConfig expected;
+    expected.volcengine.apiKey = u" voice "_s;
+    expected.hotKey = hotKey;
+    expected.prompts = prompts;
+    expected.polishPrompt = u"文案"_s;
+    expected.personalDictionary.terms = QStringList{u"Qt 6"_s};
+    const auto file = home.path(u".wrenfold/config.json"_s);
+    for (const bool canSave : {false, true}) {
+        QFile::remove(file);
+        ASSERT_TRUE(canSave ? QDir(file).removeRecursively() : QDir().mkpath(file + u"/full"_s));
+        for (const auto &[change, subject, success] : rows) {
+            change();
+            const auto line = canSave ? u"INFO "_s + subject + success
+                                      : u"ERROR "_s + subject + u" save failed. error="_s;
+            EXPECT_TRUE(log().contains(u'\n' + line)) << qPrintable(line);
+            auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_EQ(alert == nullptr, canSave) << qPrintable(line);
+            if (canSave)
+                continue;
+            EXPECT_TRUE(alert->icon() == QMessageBox::Warning && alert->text() == "Wrenfold"_L1);
+            EXPECT_TRUE(alert->informativeText().contains(u"config.json"_s));
+            alert->accept();
+        }
+        // What cannot be saved stays in force for this run, but is not applied.
+        EXPECT_EQ(delegate->config(), expected);
+        EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main),
+                  canSave ? std::pair(40U, 0x1800U) : std::pair(49U, 0x300U));
     }
-    EXPECT_EQ(delegate->config().deepSeek.apiKey, u"polish"_s);
-    EXPECT_EQ(delegate->config().hotKey, controlOptionK);
-    EXPECT_EQ(hotKeys->registered.at(HotKeyId::Main), std::pair(49U, 0x300U));
+    EXPECT_EQ(stored(), expected);
 }
 
 TEST_F(AppDelegateTest, AConfigurationThatCannotBeReadIsSetAsideBeforeTheFirstSave)

@@ -329,12 +329,18 @@ TEST_F(DictationSessionTest, PastesAHistoryTextOrLeavesItOnTheClipboard)
     session.pasteHistoryText(u"早"_s);
     EXPECT_TRUE(queue.runUntil([this] { return logged() == u"INFO History paste succeeded."_s; }));
     EXPECT_EQ(shown(), u" -"_s);
-    const std::tuple<HushwireError, QString> rows[] = {
-        {HushwireError::pasteFailed(u"x"_s), u" 粘贴失败 copied早"_s},
-        {HushwireError::permissionMissing(u"辅助功能"_s), u" 需要权限 copied早 help"_s}};
+    const auto thrown = [](const auto &failure) { return std::make_exception_ptr(failure); };
+    // The kind tells, whatever the words; only of a permission they say which.
+    const std::pair<std::exception_ptr, QString> rows[] = {
+        {thrown(HushwireError::pasteFailed(u"辅助功能"_s)), u" 粘贴失败 copied早"_s},
+        {thrown(HushwireError::responseFailed(u"x"_s)), u" 识别失败 copied早"_s},
+        {thrown(HushwireError::serviceFailed(u"x"_s)), u" 处理失败 copied早"_s},
+        {thrown(LocalizedError(u"辅助功能"_s)), u" 处理失败 copied早"_s},
+        {thrown(HushwireError::permissionMissing(u"麦克风"_s)), u" 需要权限 copied早"_s},
+        {thrown(HushwireError::permissionMissing(u"辅助功能"_s)), u" 需要权限 copied早 help"_s}};
     for (const auto &[error, expected] : rows) {
         gates[2] = std::promise<void>();
-        gates[2].set_exception(std::make_exception_ptr(error));
+        gates[2].set_exception(error);
         session.pasteHistoryText(u"早"_s);
         EXPECT_TRUE(queue.runUntil([&, &wanted = expected] { return shown() == wanted; }));
         EXPECT_TRUE(logged().contains(u"\nERROR History paste failed. error="_s));

@@ -129,16 +129,3 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
     EXPECT_EQ(storedAfterAdding(next).size(), 1);
     EXPECT_EQ(QDir(m_directory).entryInfoList({u"*.unreadable-*"_s}, QDir::System).size(), 1);
 }
-
-TEST_F(HistoryStoreTest, AFailedSaveIsOneLineInTheSystemLogAndTheMemoryKeepsTheChange)
-{
-    QDir().mkpath(m_home.path(historyFile));
-    HistoryStore store;
-    EXPECT_EQ(storedAfterAdding(store).size(), 0);
-    EXPECT_EQ(store.items().size(), 1);
-    const auto line = u"Wrenfold history save failed: Cannot replace %1: Is a directory."_s;
-    EXPECT_EQ(takeSystemLogLines(), QStringList{line.arg(m_home.path(historyFile))});
-    EXPECT_EQ(namesIn(m_directory), QStringList{u"history.json"_s});
-    QDir().rmdir(m_home.path(historyFile));
-    EXPECT_EQ(storedAfterAdding(store).size(), 2);
-}
