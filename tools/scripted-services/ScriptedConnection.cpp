@@ -4,9 +4,16 @@
 
 #include "ScriptedListener.h"
 
+#include <QHostAddress>
 #include <QTcpSocket>
 
 #include <sys/socket.h>
+
+namespace {
+
+constexpr int slowSize = 8 * 1024;
+
+}
 
 ScriptedConnection::ScriptedConnection(ScriptedListener &listener,
                                        std::unique_ptr<QTcpSocket> socket)
@@ -16,7 +23,14 @@ ScriptedConnection::ScriptedConnection(ScriptedListener &listener,
 {
     m_dripTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_dripTimer, &QTimer::timeout, this, &ScriptedConnection::drip);
-    connect(m_socket.get(), &QTcpSocket::readyRead, this, &ScriptedConnection::readMore);
+    if (listener.isSlow()) {
+        m_socket->setReadBufferSize(slowSize);
+        m_socket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, slowSize);
+        connect(&m_slowTimer, &QTimer::timeout, this, &ScriptedConnection::readMore);
+        m_slowTimer.start(std::chrono::milliseconds(10));
+    } else {
+        connect(m_socket.get(), &QTcpSocket::readyRead, this, &ScriptedConnection::readMore);
+    }
     connect(m_socket.get(), &QTcpSocket::disconnected, this, &QObject::deleteLater);
 }
 
@@ -27,7 +41,15 @@ ScriptedConnection::~ScriptedConnection()
 
 void ScriptedConnection::readMore()
 {
-    m_received += m_socket->readAll();
+    if (m_tunnel)
+        m_tunnel->write(m_socket->readAll());
+    else
+        take(m_socket->read(m_listener.isSlow() ? slowSize : m_socket->bytesAvailable()));
+}
+
+void ScriptedConnection::take(const QByteArray &received)
+{
+    m_received += received;
     if (m_bodySize < 0 && !takeHead())
         return;
     if (m_received.size() >= m_bodySize)
@@ -41,7 +63,10 @@ bool ScriptedConnection::takeHead()
         return false;
     m_request.head = m_received.first(end + 4);
     m_received.remove(0, end + 4);
-    m_bodySize = m_request.header("Content-Length").value_or("0").toLongLong();
+    if (m_request.target().endsWith("/early"))
+        m_bodySize = 0;
+    else
+        m_bodySize = m_request.header("Content-Length").value_or("0").toLongLong();
     m_received.reserve(m_bodySize);
     if (m_request.header("Expect"))
         sendPart("HTTP/1.1 100 Continue\r\n\r\n");
@@ -89,6 +114,13 @@ void ScriptedConnection::play()
         break;
     case Manner::Silence:
         break;
+    case Manner::UntilClose:
+        sendWhole();
+        m_socket->disconnectFromHost();
+        break;
+    case Manner::Tunnel:
+        tunnel();
+        break;
     }
 }
 
@@ -97,6 +129,14 @@ void ScriptedConnection::sendWhole()
     sendPart(answerHead() + m_answer.body);
     if (m_answer.onSent)
         m_answer.onSent();
+}
+
+void ScriptedConnection::tunnel()
+{
+    m_tunnel = new QTcpSocket(m_socket.get());
+    connect(m_tunnel, &QTcpSocket::connected, this, [this] { sendPart(answerHead()); });
+    connect(m_tunnel, &QTcpSocket::readyRead, this, [this] { sendPart(m_tunnel->readAll()); });
+    m_tunnel->connectToHost(QHostAddress::LocalHost, m_answer.tunnelPort);
 }
 
 void ScriptedConnection::drip()
@@ -130,5 +170,8 @@ QByteArray ScriptedConnection::answerHead() const
     auto head = "HTTP/1.1 " + QByteArray::number(m_answer.status) + " Scripted\r\n";
     for (const auto &[name, value] : m_answer.headers)
         head += name + ": " + value + "\r\n";
-    return head + "Content-Length: " + QByteArray::number(m_answer.body.size()) + "\r\n\r\n";
+    using Manner = ScriptedAnswer::Manner;
+    if (m_answer.manner != Manner::UntilClose && m_answer.manner != Manner::Tunnel)
+        head += "Content-Length: " + QByteArray::number(m_answer.body.size()) + "\r\n";
+    return head + "\r\n";
 }

@@ -23,10 +23,12 @@ public:
 
 private:
     void readMore();
+    void take(const QByteArray &received);
     [[nodiscard]] bool takeHead();
     void completeRequest();
     void play();
     void sendWhole();
+    void tunnel();
     void drip();
     void sendPart(const QByteArray &bytes);
     void reset();
@@ -38,6 +40,8 @@ private:
     qsizetype m_bodySize = -1; // -1 until the head is complete
     RecordedRequest m_request;
     ScriptedAnswer m_answer;
+    QTcpSocket *m_tunnel = nullptr; // a child of m_socket
     QTimer m_dripTimer;
+    QTimer m_slowTimer;
     qsizetype m_dripped = 0;
 };

@@ -96,3 +96,13 @@ int ScriptedHttpServer::handshakes() const
 {
     return m_listener->handshakes();
 }
+
+void ScriptedHttpServer::readSlowly() const
+{
+    m_listener->readSlowly();
+}
+
+void ScriptedHttpServer::vanish() const
+{
+    m_listener->vanish();
+}

@@ -46,6 +46,8 @@ struct ScriptedAnswer
         CloseInTheMiddle, // half of the body, then close
         ResetInTheMiddle, // half of the body, then reset
         Silence, // nothing, and stay connected
+        UntilClose, // the answer without its length, then close
+        Tunnel, // an answer without a body, then lead on to `tunnelPort` on loopback
     };
 
     int status = 200;
@@ -54,13 +56,15 @@ struct ScriptedAnswer
     Manner manner = Manner::Whole;
     std::chrono::milliseconds delay{}; // before the answer
     std::chrono::milliseconds interval{};
+    quint16 tunnelPort = 0;
     bool isKept = true; // whether requests() is to show the request
     std::function<void()> onSent =
         {}; // called on the server's thread when all was handed to the system
 };
 
 // A real HTTP server on loopback that answers by a script and records what it was asked; for tests
-// and demonstrations. It lives on a thread of its own.
+// and demonstrations. It lives on a thread of its own. A request whose path ends with "/early" is
+// answered before its body is read.
 class ScriptedHttpServer final
 {
 public:
@@ -82,6 +86,11 @@ public:
     // Connections accepted so far, and those of them whose TLS handshake is done.
     [[nodiscard]] int connections() const;
     [[nodiscard]] int handshakes() const;
+
+    // From now on reads 8 KB every 10 ms, and keeps no more than that waiting.
+    void readSlowly() const;
+    // Has the open connections drop every packet that comes, as if the machine were gone.
+    void vanish() const;
 
 private:
     void run(const Script &script, const std::optional<QSslConfiguration> &tls);

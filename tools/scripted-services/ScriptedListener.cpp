@@ -6,6 +6,9 @@
 
 #include <QSslSocket>
 
+#include <linux/filter.h>
+#include <sys/socket.h>
+
 ScriptedListener::ScriptedListener(ScriptedHttpServer::Script script,
                                    std::optional<QSslConfiguration> tls)
     : m_script(std::move(script))
@@ -28,8 +31,21 @@ ScriptedAnswer ScriptedListener::answerFor(const RecordedRequest &request)
     return answer;
 }
 
+void ScriptedListener::vanish()
+{
+    sock_filter nothing = BPF_STMT(BPF_RET | BPF_K, 0);
+    const sock_fprog filter{1, &nothing};
+    const std::lock_guard lock(m_mutex);
+    for (const int descriptor : m_descriptors)
+        ::setsockopt(descriptor, SOL_SOCKET, SO_ATTACH_FILTER, &filter, sizeof filter);
+}
+
 void ScriptedListener::incomingConnection(qintptr descriptor)
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_descriptors.push_back(static_cast<int>(descriptor));
+    }
     ++m_connections;
     if (!m_tls) {
         auto socket = std::make_unique<QTcpSocket>();

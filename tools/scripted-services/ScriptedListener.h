@@ -21,8 +21,11 @@ public:
     [[nodiscard]] std::vector<RecordedRequest> requests() const;
     [[nodiscard]] int connections() const { return m_connections; }
     [[nodiscard]] int handshakes() const { return m_handshakes; }
+    void readSlowly() { m_isSlow = true; }
+    void vanish();
 
     // The server's thread.
+    [[nodiscard]] bool isSlow() const { return m_isSlow; }
     void noteHandshake() { ++m_handshakes; }
     [[nodiscard]] ScriptedAnswer answerFor(const RecordedRequest &request);
 
@@ -34,6 +37,8 @@ private:
     const std::optional<QSslConfiguration> m_tls;
     mutable std::mutex m_mutex;
     std::vector<RecordedRequest> m_requests; // guarded by m_mutex
+    std::vector<int> m_descriptors; // of all connections, guarded by m_mutex
+    std::atomic<bool> m_isSlow = false;
     std::atomic<int> m_connections = 0;
     std::atomic<int> m_handshakes = 0;
 };

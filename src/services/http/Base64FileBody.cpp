@@ -10,9 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A multiple of 3, so that only the last block is padded. The network library takes 16 KiB at a
-// time, which is this much as base64.
-constexpr qint64 blockSize = 12 * 1024;
+// A multiple of 3, so that only the last block is padded.
+constexpr qint64 blockSize = 48 * 1024;
 
 std::unique_ptr<QFile> openedFile(const QString &path)
 {
@@ -42,18 +41,17 @@ Base64FileBody::Base64FileBody(std::unique_ptr<QFile> file, QByteArray prefix, Q
     , m_ready(std::move(prefix))
 {}
 
-qint64 Base64FileBody::produce(char *data, qint64 limit)
+void Base64FileBody::produce(char *data, qint64 count)
 {
-    qint64 produced = 0;
-    while (produced < limit) {
+    while (count > 0) {
         if (m_offset == m_ready.size())
             encodeNextBlock();
-        const auto count = std::min<qint64>(limit - produced, m_ready.size() - m_offset);
-        std::memcpy(data + produced, m_ready.constData() + m_offset, static_cast<size_t>(count));
-        m_offset += count;
-        produced += count;
+        const auto part = std::min<qint64>(count, m_ready.size() - m_offset);
+        std::memcpy(data, m_ready.constData() + m_offset, static_cast<size_t>(part));
+        m_offset += part;
+        data += part;
+        count -= part;
     }
-    return produced;
 }
 
 void Base64FileBody::encodeNextBlock()

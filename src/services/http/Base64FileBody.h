@@ -12,14 +12,13 @@
 // more than a block of the file is in memory at any time.
 class Base64FileBody final : public HttpBody
 {
-    Q_OBJECT
 public:
     // Opens the file. Throws LocalizedError when it cannot be read; a file that shrinks later makes
     // the body fail, one that grows is sent as long as it was.
     Base64FileBody(const QString &path, QByteArray prefix, QByteArray suffix);
 
 protected:
-    qint64 produce(char *data, qint64 limit) override;
+    void produce(char *data, qint64 count) override;
 
 private:
     explicit Base64FileBody(std::unique_ptr<QFile> file, QByteArray prefix, QByteArray suffix);

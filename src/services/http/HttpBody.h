@@ -3,54 +3,38 @@
 #pragma once
 
 #include <QByteArray>
-#include <QIODevice>
 
-// A request body that is read exactly once, from beginning to end. It refuses to go back, which is
-// what keeps the network library from sending a request a second time on its own.
-class HttpBody : public QIODevice
+// A request body that is read exactly once, from beginning to end.
+class HttpBody
 {
-    Q_OBJECT
 public:
+    virtual ~HttpBody() = default;
+
     // The exact number of bytes.
-    [[nodiscard]] qint64 size() const final { return m_size; }
-    [[nodiscard]] bool isSequential() const final { return false; }
-    [[nodiscard]] bool atEnd() const final { return m_sent >= m_size; }
-    [[nodiscard]] qint64 bytesAvailable() const final { return m_size - m_sent; }
-    bool seek(qint64 position) final;
-
-    // Why reading stopped before the end; empty while all is well.
-    [[nodiscard]] QString failure() const { return m_failure; }
-
-signals:
-    // Bytes were taken on their way to the network.
-    void progressed();
-    // Reading cannot go on; failure() says why.
-    void failed();
+    [[nodiscard]] qint64 size() const { return m_size; }
+    // Copies the next bytes to `data`, as many as fit into `limit`; returns their number, 0 at the
+    // end. Throws LocalizedError.
+    [[nodiscard]] qint64 read(char *data, qint64 limit);
 
 protected:
     explicit HttpBody(qint64 size);
 
-    // The next bytes at `data`, at most `limit` of them and at least one. Throws LocalizedError.
-    virtual qint64 produce(char *data, qint64 limit) = 0;
-
-    qint64 readData(char *data, qint64 limit) final;
-    qint64 writeData(const char *data, qint64 size) final;
+    // Copies the next `count` bytes to `data`; there are as many. Throws LocalizedError.
+    virtual void produce(char *data, qint64 count) = 0;
 
 private:
-    qint64 m_size;
-    qint64 m_sent = 0;
-    QString m_failure;
+    const qint64 m_size;
+    qint64 m_read = 0;
 };
 
 // A body that is all in memory.
 class BytesBody final : public HttpBody
 {
-    Q_OBJECT
 public:
     explicit BytesBody(const QByteArray &bytes);
 
 protected:
-    qint64 produce(char *data, qint64 limit) override;
+    void produce(char *data, qint64 count) override;
 
 private:
     QByteArray m_bytes;

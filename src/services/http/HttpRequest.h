@@ -16,12 +16,12 @@
 // One POST request.
 struct HttpRequest
 {
-    QUrl url;
+    QUrl url; // a user and a password in it are sent, unless `headers` has an Authorization
     // Name and value, on the wire in this order.
     QList<std::pair<QByteArray, QByteArray>> headers;
-    // Opens the body. Called once, before any network use, on the session's thread; what it throws,
-    // sending throws.
+    // Opens the body. Called once, before any network use, on the sender's thread; what it throws,
+    // sending throws. The body is read on the session's thread.
     std::function<std::unique_ptr<HttpBody>()> openBody;
-    // How long neither a sent nor a received byte is put up with.
+    // How long is put up with neither a byte received nor one acknowledged by the peer.
     std::chrono::milliseconds inactivityLimit = std::chrono::seconds(60);
 };

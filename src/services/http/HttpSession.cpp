@@ -3,38 +3,79 @@
 #include "HttpSession.h"
 
 #include "HttpError.h"
+#include "HttpRequestHead.h"
+#include "HttpTransfer.h"
 #include "HttpURL.h"
-#include "HttpWorker.h"
 
-#include <algorithm>
-#include <future>
+#include <boost/asio/executor_work_guard.hpp>
+#include <boost/asio/post.hpp>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// A value with a line break would be more headers, one with other bytes is read differently by
-// every server. The value itself is not named: it may be a key.
-void checkHeader(const QByteArray &name, const QByteArray &value)
+// The network thread's side: everything but post() and stop() runs there.
+class HttpSession::Engine
 {
-    const auto isPrintable = [](char c) { return c >= ' ' && c <= '~'; };
-    if (!std::all_of(value.begin(), value.end(), isPrintable))
-        throw HttpError(
-            HttpError::Kind::InvalidRequest,
-            u"The value of the header \"%1\" contains characters that cannot be sent."_s.arg(
-                QString::fromLatin1(name)));
-}
+public:
+    // Ends with stop().
+    void run()
+    {
+        const auto guard = boost::asio::make_work_guard(m_makers.context);
+        m_makers.context.run();
+    }
 
-HttpError closedError()
-{
-    return {HttpError::Kind::Closed, u"The network session is closed."_s};
-}
+    // False, and dropped, once stopped.
+    template<typename Work>
+    [[nodiscard]] bool post(Work work)
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_isStopped)
+            boost::asio::post(m_makers.context, std::move(work));
+        return !m_isStopped;
+    }
 
-} // namespace
+    // After what was posted, fails what is in flight as cancelled.
+    void stop()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!std::exchange(m_isStopped, true))
+            boost::asio::post(m_makers.context, [this] { endAll(); });
+    }
 
-HttpSession::HttpSession(const std::optional<QSslConfiguration> &tls)
-    : m_worker(std::make_unique<HttpWorker>(tls))
-    , m_thread([worker = m_worker.get()] { worker->run(); })
+    void start(const HttpRequest &request,
+               std::unique_ptr<HttpBody> body,
+               std::promise<HttpResponse> promise)
+    {
+        std::erase_if(m_transfers, [](const auto &each) { return each.expired(); });
+        const auto transfer = std::make_shared<HttpTransfer>(
+            m_makers.context, m_pool, request, std::move(body), std::move(promise));
+        m_transfers.push_back(transfer);
+        transfer->start();
+    }
+
+    void openAhead(const QUrl &url) { m_pool.openAhead(originOf(url)); }
+
+private:
+    void endAll()
+    {
+        const auto cancelled = std::make_exception_ptr(
+            HttpError(HttpError::Kind::Cancelled, u"The request was cancelled."_s));
+        for (const auto &each : m_transfers)
+            if (const auto transfer = each.lock())
+                transfer->fail(cancelled);
+        m_pool.close();
+        m_makers.context.stop();
+    }
+
+    ConnectionMakers m_makers;
+    ConnectionPool m_pool{m_makers};
+    std::vector<std::weak_ptr<HttpTransfer>> m_transfers;
+    std::mutex m_mutex;
+    bool m_isStopped = false; // guarded by m_mutex
+};
+
+HttpSession::HttpSession()
+    : m_engine(std::make_unique<Engine>())
+    , m_thread([engine = m_engine.get()] { engine->run(); })
 {}
 
 HttpSession::~HttpSession()
@@ -44,27 +85,27 @@ HttpSession::~HttpSession()
 
 HttpResponse HttpSession::send(const HttpRequest &request)
 {
-    for (const auto &[name, value] : request.headers)
-        checkHeader(name, value);
-    const auto promise = std::make_shared<std::promise<HttpResponse>>();
-    auto answer = promise->get_future();
-    const auto start = [this, &request, promise] {
-        m_worker->startTransfer(request, std::move(*promise));
-    };
-    if (!m_worker->post(start))
-        throw closedError();
+    checkHeaders(request);
+    std::promise<HttpResponse> promise;
+    auto answer = promise.get_future();
+    const auto isAccepted = m_engine->post(
+        [this, request, body = request.openBody(), promise = std::move(promise)]() mutable {
+            m_engine->start(request, std::move(body), std::move(promise));
+        });
+    if (!isAccepted)
+        throw HttpError(HttpError::Kind::Closed, u"The network session is closed."_s);
     return answer.get();
 }
 
 void HttpSession::openAhead(const QUrl &url)
 {
     if (isHttpURL(url))
-        static_cast<void>(m_worker->post([this, url] { m_worker->openAhead(url); }));
+        static_cast<void>(m_engine->post([this, url] { m_engine->openAhead(url); }));
 }
 
 void HttpSession::close()
 {
-    m_worker->stop();
+    m_engine->stop();
     const std::lock_guard lock(m_joinMutex);
     if (m_thread.joinable())
         m_thread.join();

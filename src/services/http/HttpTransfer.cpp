@@ -2,133 +2,188 @@
 // SPDX-License-Identifier: MIT
 #include "HttpTransfer.h"
 
-#include "TcpSockets.h"
-
-#include <QNetworkAccessManager>
-#include <QNetworkRequest>
+#include "HttpError.h"
+#include "HttpRequestHead.h"
+#include "HttpURL.h"
+#include "TcpPeer.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-HttpError timedOut()
+std::exception_ptr makeError(HttpError::Kind kind, const QString &description)
 {
-    return {HttpError::Kind::TimedOut, u"The request timed out."_s};
+    return std::make_exception_ptr(HttpError(kind, description));
 }
 
-// An answer with an error status is an answer; what breaks the exchange itself is a failure. That
-// the body cannot be sent again, as these two statuses ask for, is none.
-bool isFailure(QNetworkReply::NetworkError error, int status)
+std::exception_ptr timedOut()
 {
-    if (error == QNetworkReply::ContentReSendError)
-        return status != 307 && status != 308;
-    if (error == QNetworkReply::ProxyAuthenticationRequiredError)
-        return status != 407;
-    return error != QNetworkReply::NoError
-        && (status < 400 || error < QNetworkReply::ContentAccessDenied
-            || error == QNetworkReply::ProtocolFailure);
-}
-
-HttpError failureOf(const QNetworkReply &reply)
-{
-    switch (reply.error()) {
-    case QNetworkReply::TimeoutError:
-    case QNetworkReply::ProxyTimeoutError:
-        return timedOut();
-    case QNetworkReply::SslHandshakeFailedError:
-        return {HttpError::Kind::Tls, reply.errorString()};
-    case QNetworkReply::ContentReSendError:
-        return {HttpError::Kind::Network, u"The connection was closed before an answer came."_s};
-    default:
-        return {HttpError::Kind::Network, reply.errorString()};
-    }
+    return makeError(HttpError::Kind::TimedOut, u"The request timed out."_s);
 }
 
 } // namespace
 
-HttpTransfer::HttpTransfer(std::unique_ptr<HttpBody> body,
-                           std::chrono::milliseconds inactivityLimit,
+HttpTransfer::HttpTransfer(boost::asio::io_context &context,
+                           ConnectionPool &pool,
+                           HttpRequest request,
+                           std::unique_ptr<HttpBody> body,
                            std::promise<HttpResponse> promise)
-    : m_body(std::move(body))
-    , m_inactivityLimit(inactivityLimit)
+    : m_pool(pool)
+    , m_request(std::move(request))
+    , m_body(std::move(body))
     , m_promise(std::move(promise))
-{
-    m_inactivityTimer.setTimerType(Qt::PreciseTimer);
-    m_inactivityTimer.setSingleShot(true);
-    connect(&m_inactivityTimer, &QTimer::timeout, this, &HttpTransfer::checkInactivity);
-    connect(m_body.get(), &HttpBody::progressed, this, &HttpTransfer::noteProgress);
-    // Queued: the reply must not be aborted while it is reading the body.
-    const auto giveUp = [this] {
-        fail(std::make_exception_ptr(LocalizedError(m_body->failure())));
-    };
-    connect(m_body.get(), &HttpBody::failed, this, giveUp, Qt::QueuedConnection);
-}
+    , m_watch(context)
+{}
 
-HttpTransfer::~HttpTransfer()
+void HttpTransfer::start()
 {
-    fail(std::make_exception_ptr(
-        HttpError(HttpError::Kind::Cancelled, u"The request was cancelled."_s)));
-}
-
-void HttpTransfer::start(QNetworkAccessManager &manager, const QNetworkRequest &request)
-{
-    m_reply.reset(manager.post(request, m_body.get()));
-    connect(m_reply.get(), &QNetworkReply::readyRead, this, &HttpTransfer::takeReceived);
-    connect(m_reply.get(), &QNetworkReply::metaDataChanged, this, &HttpTransfer::noteProgress);
-    connect(m_reply.get(), &QNetworkReply::finished, this, &HttpTransfer::finish);
-    // The first part of the request is out: only now is its connection known to exist.
-    connect(m_reply.get(), &QNetworkReply::requestSent, this, &TcpSockets::sendWithoutDelay);
-    noteProgress();
-    m_inactivityTimer.start(m_inactivityLimit);
+    watch();
+    m_pool.take(originOf(m_request.url),
+                [self = shared_from_this()](const auto &connection, const auto &error) {
+                    self->begin(connection, error);
+                });
 }
 
 void HttpTransfer::fail(const std::exception_ptr &error)
 {
-    if (std::exchange(m_hasEnded, true))
+    if (m_hasEnded)
         return;
-    m_inactivityTimer.stop();
-    if (m_reply) {
-        m_reply->disconnect(this);
-        m_reply->abort();
-    }
+    if (m_connection)
+        m_connection->close();
+    end();
     m_promise.set_exception(error);
-    emit ended();
 }
 
-void HttpTransfer::takeReceived()
+void HttpTransfer::begin(const std::shared_ptr<HttpConnection> &connection,
+                         const std::exception_ptr &error)
 {
-    noteProgress();
-    m_received += m_reply->readAll();
+    if (error) {
+        fail(error);
+        return;
+    }
+    if (m_hasEnded) {
+        m_pool.keep(connection);
+        return;
+    }
+    m_connection = connection;
+    m_lastProgress = Clock::now();
+    m_acknowledgedBytes = TcpPeer::state(connection->descriptor()).acknowledgedBytes;
+    connection->use([self = shared_from_this()](
+                        auto failure, auto received) { self->receive(failure, received); },
+                    m_request.inactivityLimit);
+    m_part = requestHead(m_request, m_body->size(), connection->proxy());
+    sendMore();
 }
 
-void HttpTransfer::checkInactivity()
+void HttpTransfer::sendMore()
 {
-    if (const auto silence = TcpSockets::sinceLastReceived(); silence < m_inactivityLimit)
-        m_lastProgress = std::max(m_lastProgress, Clock::now() - silence);
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-        m_lastProgress + m_inactivityLimit - Clock::now());
-    if (left.count() > 0)
-        m_inactivityTimer.start(left);
-    else
-        fail(std::make_exception_ptr(timedOut()));
+    constexpr qsizetype limit = 64 * 1024;
+    const auto before = m_part.size();
+    m_part.resize(before + limit);
+    try {
+        m_part.resize(before + m_body->read(m_part.data() + before, limit));
+    } catch (...) {
+        fail(std::current_exception());
+        return;
+    }
+    m_isSent = m_part.isEmpty();
+    if (!m_isSent)
+        m_connection->write(
+            boost::asio::buffer(m_part.constData(), static_cast<std::size_t>(m_part.size())),
+            [self = shared_from_this()](ErrorCode error, auto) { self->partSent(error); });
 }
 
-void HttpTransfer::finish()
+void HttpTransfer::partSent(ErrorCode error)
 {
     if (m_hasEnded)
         return;
-    takeReceived();
-    const auto status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (!m_body->failure().isEmpty())
-        return; // the body's own report is on its way
-    if (isFailure(m_reply->error(), status)) {
-        fail(std::make_exception_ptr(failureOf(*m_reply)));
-        return;
+    m_part.clear();
+    // A server that has enough of a request says why before it closes: that is still to be read.
+    if (error)
+        m_sendingFailedAt = Clock::now();
+    else
+        sendMore();
+}
+
+void HttpTransfer::receive(ErrorCode error, std::string_view received)
+{
+    m_lastProgress = Clock::now();
+    try {
+        m_answer.take(received);
+        if (error)
+            connectionEnded(error);
+        else if (m_answer.isComplete())
+            deliver();
+    } catch (const HttpError &) {
+        fail(std::current_exception());
     }
+}
+
+void HttpTransfer::connectionEnded(ErrorCode error)
+{
+    // Many servers end TLS by closing the connection without a farewell.
+    if (error == boost::asio::error::eof || error == boost::asio::ssl::error::stream_truncated)
+        m_answer.takeEnd();
+    if (m_answer.isComplete() || m_answer.status() >= 300)
+        deliver(); // of an answer that tells of an error the status is what counts
+    else if (error == boost::asio::error::timed_out)
+        fail(timedOut());
+    else
+        fail(makeError(HttpError::Kind::Network,
+                       u"The connection ended before the answer was complete: %1."_s.arg(
+                           QString::fromStdString(error.message()))));
+}
+
+void HttpTransfer::deliver()
+{
+    if (m_isSent && m_answer.canFollow()) {
+        m_connection->release();
+        m_pool.keep(m_connection);
+    } else {
+        m_connection->close();
+    }
+    end();
+    m_promise.set_value({m_answer.status(), m_answer.headers(), m_answer.body()});
+}
+
+void HttpTransfer::end()
+{
     m_hasEnded = true;
-    m_inactivityTimer.stop();
-    m_promise.set_value({status, m_reply->rawHeaderPairs(), std::move(m_received)});
-    emit ended();
+    m_connection.reset();
+    m_watch.cancel();
+}
+
+void HttpTransfer::watch()
+{
+    const auto interval =
+        std::clamp<std::chrono::milliseconds>(m_request.inactivityLimit / 20, 10ms, 1s);
+    m_watch.expires_after(interval);
+    m_watch.async_wait([self = shared_from_this()](ErrorCode /*cancelled*/) {
+        if (self->m_hasEnded)
+            return;
+        if (self->isStuck())
+            self->fail(timedOut());
+        else
+            self->watch();
+    });
+}
+
+bool HttpTransfer::isStuck()
+{
+    const auto now = Clock::now();
+    if (m_sendingFailedAt && now - *m_sendingFailedAt > 1s)
+        return true;
+    if (m_connection) {
+        // A peer that is there answers the kernel's questions, however long the service takes.
+        constexpr auto longestSilence = 20s;
+        const auto peer = TcpPeer::state(m_connection->descriptor());
+        if (peer.sinceHeard > longestSilence)
+            return true;
+        if (std::exchange(m_acknowledgedBytes, peer.acknowledgedBytes) != peer.acknowledgedBytes)
+            m_lastProgress = now;
+    }
+    return now - m_lastProgress >= m_request.inactivityLimit;
 }

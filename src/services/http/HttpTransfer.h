@@ -2,56 +2,55 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HttpError.h"
+#include "ConnectionPool.h"
+#include "HttpAnswerReader.h"
 #include "HttpRequest.h"
 #include "HttpResponse.h"
 
-#include <QNetworkReply>
-#include <QObject>
-#include <QTimer>
-
-#include <chrono>
-#include <exception>
 #include <future>
-#include <memory>
+#include <optional>
 
-class QNetworkAccessManager;
-class QNetworkRequest;
-
-// One request on its way: owns its body and its reply, watches for inactivity and fulfils its
-// promise exactly once. Lives on the network thread.
-class HttpTransfer final : public QObject
+// One request on its way: sends it while it listens for the answer, watches that something moves,
+// and fulfils its promise exactly once. It keeps itself alive until then.
+class HttpTransfer final : public std::enable_shared_from_this<HttpTransfer>
 {
-    Q_OBJECT
 public:
-    HttpTransfer(std::unique_ptr<HttpBody> body,
-                 std::chrono::milliseconds inactivityLimit,
+    // The maker of connections and the pool must outlive this object.
+    HttpTransfer(boost::asio::io_context &context,
+                 ConnectionPool &pool,
+                 HttpRequest request,
+                 std::unique_ptr<HttpBody> body,
                  std::promise<HttpResponse> promise);
-    ~HttpTransfer() override;
 
-    void start(QNetworkAccessManager &manager, const QNetworkRequest &request);
+    void start();
     // Ends the transfer with this error, unless it has ended.
     void fail(const std::exception_ptr &error);
-    [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
-
-signals:
-    // The promise is fulfilled; the transfer may be deleted, though not from a slot.
-    void ended();
 
 private:
     using Clock = std::chrono::steady_clock;
+    using ErrorCode = boost::system::error_code;
 
-    void noteProgress() { m_lastProgress = Clock::now(); }
-    void takeReceived();
-    void checkInactivity();
-    void finish();
+    void begin(const std::shared_ptr<HttpConnection> &connection, const std::exception_ptr &error);
+    void sendMore();
+    void partSent(ErrorCode error);
+    void receive(ErrorCode error, std::string_view received);
+    void connectionEnded(ErrorCode error);
+    void deliver();
+    void end();
+    void watch();
+    [[nodiscard]] bool isStuck();
 
-    std::unique_ptr<HttpBody> m_body;
-    std::unique_ptr<QNetworkReply> m_reply;
-    const std::chrono::milliseconds m_inactivityLimit;
+    ConnectionPool &m_pool;
+    const HttpRequest m_request;
+    const std::unique_ptr<HttpBody> m_body;
     std::promise<HttpResponse> m_promise;
-    QTimer m_inactivityTimer;
-    Clock::time_point m_lastProgress = Clock::now();
-    QByteArray m_received;
+    std::shared_ptr<HttpConnection> m_connection; // while there is one
+    QByteArray m_part; // of the request, being sent
+    HttpAnswerReader m_answer;
+    bool m_isSent = false;
     bool m_hasEnded = false;
+    boost::asio::steady_timer m_watch;
+    Clock::time_point m_lastProgress = Clock::now();
+    std::uint64_t m_acknowledgedBytes = 0;
+    std::optional<Clock::time_point> m_sendingFailedAt;
 };

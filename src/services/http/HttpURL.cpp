@@ -15,3 +15,12 @@ std::optional<QUrl> parseHttpURL(const QString &text)
     const QUrl url(text, QUrl::StrictMode);
     return isHttpURL(url) ? std::optional(url) : std::nullopt;
 }
+
+QUrl originOf(const QUrl &url)
+{
+    QUrl origin;
+    origin.setScheme(url.scheme());
+    origin.setHost(url.host());
+    origin.setPort(url.port(url.scheme() == "https"_L1 ? 443 : 80));
+    return origin;
+}

@@ -12,3 +12,6 @@
 
 // The URL that a setting holds, parsed strictly; nothing when it is not one of the above.
 [[nodiscard]] std::optional<QUrl> parseHttpURL(const QString &text);
+
+// The part of an HTTP URL that says where to connect: scheme, host and port, which is always there.
+[[nodiscard]] QUrl originOf(const QUrl &url);

@@ -28,19 +28,17 @@ protected:
     QByteArray m_content;
 };
 
-TEST_F(Base64FileBodyTest, IsPrefixEncodedFileAndSuffixOfExactSizeAndNeverGoesBack)
+TEST_F(Base64FileBodyTest, IsPrefixEncodedFileAndSuffixOfExactSize)
 {
-    for (const qsizetype size : {0, 1, 2, 3, 12'287, 12'288, 12'289, 100'000})
+    for (const qsizetype size : {0, 1, 2, 3, 49'151, 49'152, 49'153, 200'000})
         for (const qint64 step : {7, 4096, 16'384, 1'000'000}) {
             Base64FileBody body(fileOf(size), "{\"a\":\"", "\"}");
-            EXPECT_TRUE(body.seek(0));
             QByteArray read;
-            while (!body.atEnd())
-                read += body.read(step);
+            QByteArray part(step, Qt::Uninitialized);
+            while (const auto count = body.read(part.data(), step))
+                read += part.first(count);
             EXPECT_TRUE(read == "{\"a\":\"" + m_content.toBase64() + "\"}") << size << ' ' << step;
             EXPECT_EQ(body.size(), read.size());
-            EXPECT_EQ(body.read(1), QByteArray());
-            EXPECT_FALSE(body.seek(0) || body.reset());
         }
 }
 

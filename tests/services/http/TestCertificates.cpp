@@ -9,6 +9,16 @@
 
 using namespace Qt::StringLiterals;
 
+TestCertificates::TestCertificates()
+{
+    qputenv("SSL_CERT_FILE", m_directory.filePath(u"trusted.pem"_s).toLocal8Bit());
+}
+
+TestCertificates::~TestCertificates()
+{
+    qunsetenv("SSL_CERT_FILE");
+}
+
 QSslConfiguration TestCertificates::server(Flaw flaw)
 {
     const auto name = flaw == Flaw::WrongHost ? u"DNS:elsewhere.invalid"_s : u"IP:127.0.0.1"_s;
@@ -16,23 +26,15 @@ QSslConfiguration TestCertificates::server(Flaw flaw)
     const auto make =
         u"cd %1 && openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 "
         "-nodes -subj /CN=leaf -addext subjectAltName=%2 -keyout leaf.key -out new.pem"
-        " && openssl x509 -in new.pem -signkey leaf.key -days %3 -out leaf.pem"_s;
+        " && openssl x509 -in new.pem -signkey leaf.key -days %3 -out leaf.pem && "_s
+        + (flaw == Flaw::Untrusted ? u"true"_s : u"cat leaf.pem >> trusted.pem"_s);
     runCommand(make.arg(m_directory.path(), name, days));
     QFile key(m_directory.filePath(u"leaf.key"_s));
     const auto certificates = QSslCertificate::fromPath(m_directory.filePath(u"leaf.pem"_s));
     if (certificates.isEmpty() || !key.open(QIODevice::ReadOnly))
         qFatal("openssl has made no certificate");
-    if (flaw != Flaw::Untrusted)
-        m_trusted += certificates;
     auto configuration = QSslConfiguration::defaultConfiguration();
     configuration.setLocalCertificate(certificates.constFirst());
     configuration.setPrivateKey(QSslKey(&key, QSsl::Ec));
-    return configuration;
-}
-
-QSslConfiguration TestCertificates::client() const
-{
-    auto configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setCaCertificates(m_trusted);
     return configuration;
 }

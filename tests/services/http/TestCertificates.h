@@ -6,18 +6,21 @@
 #include <QString>
 #include <QTemporaryDir>
 
-// Certificates made afresh with the openssl program for one run of tests.
+// Certificates made afresh with the openssl program for one run of tests. While this object lives,
+// those but the untrusted are the only ones that sessions trust.
 class TestCertificates final
 {
 public:
     enum class Flaw { None, Untrusted, Expired, WrongHost };
 
+    TestCertificates();
+    ~TestCertificates();
+    TestCertificates(const TestCertificates &) = delete;
+    TestCertificates &operator=(const TestCertificates &) = delete;
+
     // What a server on 127.0.0.1 shows.
     [[nodiscard]] QSslConfiguration server(Flaw flaw = Flaw::None);
-    // What a client has to use to trust the certificates made so far, all but the untrusted.
-    [[nodiscard]] QSslConfiguration client() const;
 
 private:
     QTemporaryDir m_directory;
-    QList<QSslCertificate> m_trusted;
 };

@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "ConnectionOpener.h"
+
+#include "HttpError.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+HttpError::Kind kindOf(const boost::system::error_code &error)
+{
+    if (error == boost::asio::error::timed_out)
+        return HttpError::Kind::TimedOut;
+    return error.category() == boost::asio::error::get_ssl_category() ? HttpError::Kind::Tls
+                                                                      : HttpError::Kind::Network;
+}
+
+} // namespace
+
+ConnectionOpener::ConnectionOpener(ConnectionMakers &makers, QUrl url, Done done)
+    : m_makers(makers)
+    , m_url(std::move(url))
+    , m_done(std::move(done))
+    , m_deadline(makers.context)
+{}
+
+void ConnectionOpener::start()
+{
+    startDeadline();
+    const auto found = [weak = weak_from_this()](const Route &route, const auto &error) {
+        const auto self = weak.lock();
+        if (!self || !self->m_done)
+            return;
+        if (error)
+            self->fail(error);
+        else
+            self->connectTo(route);
+    };
+    m_makers.lookup.find(m_url, found);
+}
+
+void ConnectionOpener::abandon()
+{
+    m_done = {};
+    m_deadline.cancel();
+    if (m_race)
+        m_race->abandon();
+    if (m_stream)
+        m_stream->close();
+}
+
+NetworkStream::Done ConnectionOpener::then(void (ConnectionOpener::*step)(std::size_t))
+{
+    return [self = shared_from_this(), step](ErrorCode error, std::size_t size) {
+        if (!self->m_done)
+            return;
+        try {
+            if (error)
+                self->fail(error);
+            else
+                (self.get()->*step)(size);
+        } catch (...) {
+            self->fail(std::current_exception());
+        }
+    };
+}
+
+void ConnectionOpener::startDeadline()
+{
+    m_deadline.expires_after(std::chrono::seconds(20));
+    m_deadline.async_wait([weak = weak_from_this()](ErrorCode cancelled) {
+        if (const auto self = weak.lock(); self && !cancelled && self->m_done)
+            self->fail(boost::asio::error::timed_out);
+    });
+}
+
+void ConnectionOpener::connectTo(const Route &route)
+{
+    startDeadline();
+    m_proxy = route.proxy;
+    const auto speak = then(&ConnectionOpener::speakToProxy);
+    const auto connected = [self = shared_from_this(), speak](ErrorCode error, auto socket) {
+        if (!error)
+            self->m_stream = std::make_unique<NetworkStream>(std::move(socket));
+        speak(error, 0);
+    };
+    m_race = std::make_shared<ConnectRace>(m_makers.context, route.addresses, connected);
+    m_race->start();
+}
+
+void ConnectionOpener::speakToProxy(std::size_t received)
+{
+    startDeadline();
+    if (!m_handshake)
+        m_handshake = makeProxyHandshake(m_proxy, m_url);
+    if (!m_handshake) {
+        encrypt();
+        return;
+    }
+    m_fromProxy.append(m_buffer.data(), static_cast<qsizetype>(received));
+    auto [message, isDone] = m_handshake->next(m_fromProxy);
+    m_toProxy = std::move(message);
+    if (isDone)
+        encrypt();
+    else
+        m_stream->write(
+            boost::asio::buffer(m_toProxy.constData(), static_cast<std::size_t>(m_toProxy.size())),
+            then(&ConnectionOpener::listenToProxy));
+}
+
+void ConnectionOpener::listenToProxy(std::size_t /*sent*/)
+{
+    m_stream->read(boost::asio::buffer(m_buffer), then(&ConnectionOpener::speakToProxy));
+}
+
+void ConnectionOpener::encrypt()
+{
+    if (m_url.scheme() != "https"_L1) {
+        finish(0);
+        return;
+    }
+    const auto finishOrFail = then(&ConnectionOpener::finish);
+    m_stream->encrypt(m_makers.tls.get(),
+                      m_url.host(QUrl::FullyEncoded).toStdString(),
+                      [finishOrFail](ErrorCode error) { finishOrFail(error, 0); });
+}
+
+void ConnectionOpener::finish(std::size_t /*ignored*/)
+{
+    m_deadline.cancel();
+    std::exchange(m_done, {})({std::move(m_stream), m_proxy}, {});
+}
+
+void ConnectionOpener::fail(const std::exception_ptr &error)
+{
+    const auto done = m_done;
+    abandon();
+    done({}, error);
+}
+
+void ConnectionOpener::fail(ErrorCode error)
+{
+    auto reason = m_stream ? m_stream->certificateError() : std::string();
+    if (reason.empty())
+        reason = error.message();
+    fail(std::make_exception_ptr(HttpError(
+        kindOf(error),
+        u"No connection to \"%1\": %2."_s.arg(m_url.host(), QString::fromStdString(reason)))));
+}
