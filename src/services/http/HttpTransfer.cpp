@@ -19,6 +19,13 @@ std::exception_ptr makeError(HttpError::Kind kind, const QString &description)
     return std::make_exception_ptr(HttpError(kind, description));
 }
 
+std::exception_ptr broken(const boost::system::error_code &error)
+{
+    return makeError(HttpError::Kind::Network,
+                     u"The connection ended before the answer was complete: %1."_s.arg(
+                         QString::fromStdString(error.message())));
+}
+
 std::exception_ptr timedOut()
 {
     return makeError(HttpError::Kind::TimedOut, u"The request timed out."_s);
@@ -102,10 +109,12 @@ void HttpTransfer::partSent(ErrorCode error)
         return;
     m_part.clear();
     // A server that has enough of a request says why before it closes: that is still to be read.
-    if (error)
-        m_sendingFailedAt = Clock::now();
-    else
+    if (!error) {
         sendMore();
+        return;
+    }
+    m_sendingError = error;
+    m_request.inactivityLimit = std::min<std::chrono::milliseconds>(m_request.inactivityLimit, 1s);
 }
 
 void HttpTransfer::receive(ErrorCode error, std::string_view received)
@@ -132,9 +141,7 @@ void HttpTransfer::connectionEnded(ErrorCode error)
     else if (error == boost::asio::error::timed_out)
         fail(timedOut());
     else
-        fail(makeError(HttpError::Kind::Network,
-                       u"The connection ended before the answer was complete: %1."_s.arg(
-                           QString::fromStdString(error.message()))));
+        fail(broken(error));
 }
 
 void HttpTransfer::deliver()
@@ -165,7 +172,7 @@ void HttpTransfer::watch()
         if (self->m_hasEnded)
             return;
         if (self->isStuck())
-            self->fail(timedOut());
+            self->fail(self->m_sendingError ? broken(self->m_sendingError) : timedOut());
         else
             self->watch();
     });
@@ -174,8 +181,6 @@ void HttpTransfer::watch()
 bool HttpTransfer::isStuck()
 {
     const auto now = Clock::now();
-    if (m_sendingFailedAt && now - *m_sendingFailedAt > 1s)
-        return true;
     if (m_connection) {
         // A peer that is there answers the kernel's questions, however long the service takes.
         constexpr auto longestSilence = 20s;

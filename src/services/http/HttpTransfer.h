@@ -8,7 +8,6 @@
 #include "HttpResponse.h"
 
 #include <future>
-#include <optional>
 
 // One request on its way: sends it while it listens for the answer, watches that something moves,
 // and fulfils its promise exactly once. It keeps itself alive until then.
@@ -41,7 +40,7 @@ private:
     [[nodiscard]] bool isStuck();
 
     ConnectionPool &m_pool;
-    const HttpRequest m_request;
+    HttpRequest m_request;
     const std::unique_ptr<HttpBody> m_body;
     std::promise<HttpResponse> m_promise;
     std::shared_ptr<HttpConnection> m_connection; // while there is one
@@ -52,5 +51,5 @@ private:
     boost::asio::steady_timer m_watch;
     Clock::time_point m_lastProgress = Clock::now();
     std::uint64_t m_acknowledgedBytes = 0;
-    std::optional<Clock::time_point> m_sendingFailedAt;
+    ErrorCode m_sendingError;
 };

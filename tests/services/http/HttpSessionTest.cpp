@@ -67,6 +67,12 @@ TEST(HttpSession, ReportsServersThatCannotBeReached)
     for (const auto &url :
          {closed, QUrl(u"http://nowhere.invalid/"_s), QUrl(u"https://nowhere.invalid/"_s)})
         EXPECT_EQ(sent(session, requestTo(url)), "network");
+    // It waits for more of what is no HTTP to it.
+    const ScriptedHttpServer withoutTls(ScriptedAnswer{});
+    auto request = requestTo(withoutTls.url());
+    request.url.setScheme(u"https"_s);
+    request.inactivityLimit = 300ms;
+    EXPECT_EQ(sent(session, request), "timedOut");
 }
 
 TEST(HttpSession, VerifiesCertificates)
@@ -80,7 +86,7 @@ TEST(HttpSession, VerifiesCertificates)
         EXPECT_EQ(server.requests().size(), isGood ? 1 : 0);
     }
     const ScriptedHttpServer server(ScriptedAnswer{}, certificates.server());
-    qunsetenv("SSL_CERT_FILE");
+    qunsetenv("SSL_CERT_DIR");
     HttpSession trustingTheSystem;
     EXPECT_EQ(sent(trustingTheSystem, requestTo(server.url())), "tls");
 }
@@ -325,7 +331,11 @@ TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)
         senders.push_back(std::async(std::launch::async, [&session, &server] {
             return sent(session, requestTo(server.url()));
         }));
-    ASSERT_TRUE(waitUntil([&server] { return server.requests().size() == 3; }));
+    auto opening = requestTo(server.url());
+    opening.url.setScheme(u"https"_s);
+    senders.push_back(std::async(std::launch::async, [&] { return sent(session, opening); }));
+    ASSERT_TRUE(waitUntil(
+        [&server] { return server.requests().size() == 3 && server.connections() == 4; }));
     EXPECT_LT(millisecondsOf([&] {
                   session.close();
                   for (auto &sender : senders)

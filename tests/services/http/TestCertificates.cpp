@@ -4,6 +4,7 @@
 
 #include "Process.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSslKey>
 
@@ -11,12 +12,13 @@ using namespace Qt::StringLiterals;
 
 TestCertificates::TestCertificates()
 {
-    qputenv("SSL_CERT_FILE", m_directory.filePath(u"trusted.pem"_s).toLocal8Bit());
+    QDir(m_directory.path()).mkdir(u"trusted"_s);
+    qputenv("SSL_CERT_DIR", m_directory.filePath(u"trusted"_s).toLocal8Bit());
 }
 
 TestCertificates::~TestCertificates()
 {
-    qunsetenv("SSL_CERT_FILE");
+    qunsetenv("SSL_CERT_DIR");
 }
 
 QSslConfiguration TestCertificates::server(Flaw flaw)
@@ -27,7 +29,9 @@ QSslConfiguration TestCertificates::server(Flaw flaw)
         u"cd %1 && openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 "
         "-nodes -subj /CN=leaf -addext subjectAltName=%2 -keyout leaf.key -out new.pem"
         " && openssl x509 -in new.pem -signkey leaf.key -days %3 -out leaf.pem && "_s
-        + (flaw == Flaw::Untrusted ? u"true"_s : u"cat leaf.pem >> trusted.pem"_s);
+        + (flaw == Flaw::Untrusted
+               ? u"true"_s
+               : u"cp leaf.pem $(mktemp -p trusted XXXX.pem) && openssl rehash trusted"_s);
     runCommand(make.arg(m_directory.path(), name, days));
     QFile key(m_directory.filePath(u"leaf.key"_s));
     const auto certificates = QSslCertificate::fromPath(m_directory.filePath(u"leaf.pem"_s));

@@ -23,6 +23,7 @@ ConnectionOpener::ConnectionOpener(ConnectionMakers &makers, QUrl url, Done done
     , m_url(std::move(url))
     , m_done(std::move(done))
     , m_deadline(makers.context)
+    , m_proxy(QNetworkProxy::NoProxy)
 {}
 
 void ConnectionOpener::start()
@@ -144,7 +145,12 @@ void ConnectionOpener::fail(ErrorCode error)
     auto reason = m_stream ? m_stream->certificateError() : std::string();
     if (reason.empty())
         reason = error.message();
-    fail(std::make_exception_ptr(HttpError(
-        kindOf(error),
-        u"No connection to \"%1\": %2."_s.arg(m_url.host(), QString::fromStdString(reason)))));
+    const auto way = m_proxy.type() == QNetworkProxy::NoProxy
+        ? QString()
+        : u" through the proxy \"%1:%2\""_s.arg(m_proxy.hostName(),
+                                                QString::number(m_proxy.port()));
+    fail(
+        std::make_exception_ptr(HttpError(kindOf(error),
+                                          u"No connection to \"%1\"%2: %3."_s.arg(
+                                              m_url.host(), way, QString::fromStdString(reason)))));
 }

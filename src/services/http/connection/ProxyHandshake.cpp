@@ -90,7 +90,8 @@ private:
 
     static QByteArray counted(const QByteArray &text)
     {
-        return static_cast<char>(text.size()) + text.first(std::min<qsizetype>(text.size(), 255));
+        const auto part = text.first(std::min<qsizetype>(text.size(), 255));
+        return static_cast<char>(part.size()) + part;
     }
 
     Step answerMethod(QByteArray &received)
