@@ -116,6 +116,8 @@ void ScriptedConnection::play()
         break;
     case Manner::UntilClose:
         sendWhole();
+        // Also of TLS, as many servers do: without a farewell.
+        ::shutdown(static_cast<int>(m_socket->socketDescriptor()), SHUT_WR);
         m_socket->disconnectFromHost();
         break;
     case Manner::Tunnel:

@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto longestIdleTime = 30s;
 // Longer than the kernel takes to ask the peer once and once again.
-constexpr auto longestSilence = 5s;
+constexpr auto longestSilence = 4500ms;
 constexpr auto longestSilenceWhileIdle = 10s;
 
 // The clocks of the standard library stand still while the computer sleeps.

@@ -143,17 +143,25 @@ TEST(HttpSession, RefusesHeadersThatCannotBeWritten)
 
 TEST(HttpSession, LosesNoRequestToAConnectionThatDiedWhileIdle)
 {
-    const ScriptedHttpServer server(ScriptedAnswer{});
+    const ScriptedHttpServer notOpenedAhead(ScriptedAnswer{});
+    const ScriptedHttpServer gone(ScriptedAnswer{});
+    const ScriptedHttpServer there(ScriptedAnswer{});
+    const auto all = {&notOpenedAhead, &gone, &there};
     HttpSession session;
-    EXPECT_EQ(sent(session, requestTo(server.url())), "= 200 ");
-    server.vanish();
-    // Nothing tells that it is gone, but after some seconds it is replaced.
+    for (const auto *server : all)
+        EXPECT_EQ(sent(session, requestTo(server->url())), "= 200 ");
+    notOpenedAhead.vanish();
+    gone.vanish();
+    // Nothing tells which of them is gone, but after some seconds they are replaced.
     ASSERT_TRUE(waitUntil([&] {
-        session.openAhead(server.url());
-        return server.connections() == 2;
+        session.openAhead(gone.url());
+        session.openAhead(there.url());
+        return gone.connections() == 2 && there.connections() == 2;
     }));
-    EXPECT_EQ(sent(session, requestTo(server.url())), "= 200 ");
-    EXPECT_EQ(server.requests().size(), 2);
+    for (const auto *server : all) {
+        EXPECT_EQ(sent(session, requestTo(server->url())), "= 200 ");
+        EXPECT_EQ(server->requests().size(), 2);
+    }
 }
 
 TEST(HttpSession, MeasuresProgressByWhatThePeerAcknowledgesOnTheRequestsOwnConnection)
