@@ -6,16 +6,11 @@
 #include "AppRuntime.h"
 #include "HotKeyFormatter.h"
 #include "Text.h"
+#include "VirtualKey.h"
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr quint32 escapeKeyCode = 53;
-
-} // namespace
 
 GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
                              ModifierMonitor &monitor,
@@ -98,7 +93,7 @@ void GlobalHotKeys::resumeHotKey()
 void GlobalHotKeys::registerEscapeCancelHotKey()
 {
     unregisterEscapeCancelHotKey();
-    static_cast<void>(m_registrar.registerHotKey(HotKeyId::Escape, escapeKeyCode, 0));
+    static_cast<void>(m_registrar.registerHotKey(HotKeyId::Escape, VirtualKey::escape, 0));
 }
 
 void GlobalHotKeys::unregisterEscapeCancelHotKey()

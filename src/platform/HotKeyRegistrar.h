@@ -27,9 +27,8 @@ public:
     // thread's event loop.
     virtual void setHandler(Handler handler) = 0;
     // Makes the key with exactly these modifiers ours system-wide. `keyCode` is a stored virtual
-    // key code, `modifiers` a mask of the stored modifier bits (0x100 Command, 0x200 Shift, 0x800
-    // Option, 0x1000 Control). Returns 0, or the display's error code (10: taken by another
-    // program; 2: no such key here; -1: no global hotkeys on this display).
+    // key code, `modifiers` a mask of StoredModifier bits. Returns 0, or the display's error code
+    // (10: taken by another program; 2: no such key here; -1: no global hotkeys on this display).
     [[nodiscard]] virtual int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) = 0;
     // Gives the combination back; does nothing when the id is not registered.
     virtual void unregisterHotKey(HotKeyId id) = 0;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "KeyCodes.h"
 
-#include "KeyEvent.h"
+#include "ModifierKeys.h"
 
 #include <algorithm>
 
@@ -79,20 +79,6 @@ std::optional<quint32> KeyCodes::virtualKeyCode(quint32 kernelCode)
 
 quint32 KeyCodes::modifierFlag(quint32 virtualKeyCode)
 {
-    switch (virtualKeyCode) {
-    case 54:
-    case 55:
-        return ModifierFlag::command;
-    case 56:
-    case 60:
-        return ModifierFlag::shift;
-    case 58:
-    case 61:
-        return ModifierFlag::option;
-    case 59:
-    case 62:
-        return ModifierFlag::control;
-    default:
-        return 0;
-    }
+    const auto *const key = ModifierKeys::find(virtualKeyCode);
+    return key != nullptr ? key->modifier.flag : 0;
 }

@@ -30,7 +30,7 @@ inline constexpr quint32 displayOffset = 8;
 // The virtual key code of a kernel's code; absent for 0 and above highestKernelCode.
 [[nodiscard]] std::optional<quint32> virtualKeyCode(quint32 kernelCode);
 
-// The ModifierFlag bit of one of the eight modifier keys, by its virtual key code; 0 for other
+// The ModifierFlag bit of one of the modifier keys, by its virtual key code; 0 for other
 // keys.
 [[nodiscard]] quint32 modifierFlag(quint32 virtualKeyCode);
 

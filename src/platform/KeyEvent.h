@@ -2,18 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ModifierKeys.h"
+
 #include <QString>
 
 #include <optional>
-
-// Bits of KeyEvent::modifierFlags.
-namespace ModifierFlag {
-inline constexpr quint32 capsLock = 0x10000;
-inline constexpr quint32 shift = 0x20000;
-inline constexpr quint32 control = 0x40000;
-inline constexpr quint32 option = 0x80000;
-inline constexpr quint32 command = 0x100000;
-} // namespace ModifierFlag
 
 // A key pressed, or a modifier key pressed or released, as the hotkey model sees it.
 struct KeyEvent

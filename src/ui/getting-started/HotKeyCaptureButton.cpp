@@ -5,6 +5,7 @@
 #include "HotKeyFormatter.h"
 #include "InterfaceFont.h"
 #include "KeyCodes.h"
+#include "VirtualKey.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -17,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 escapeKeyCode = 53;
 constexpr int titleMargin = 8;
 // Of a title that is too wide for one line: two lines fit then.
 constexpr int longTitleSize = 13;
@@ -31,7 +31,7 @@ std::optional<quint32> keyCodeOf(const QKeyEvent &event)
 // Escape by its place on the keyboard and, where another key was made Escape, by its meaning.
 bool isEscape(const QKeyEvent &event)
 {
-    return event.key() == Qt::Key_Escape || keyCodeOf(event) == escapeKeyCode;
+    return event.key() == Qt::Key_Escape || keyCodeOf(event) == VirtualKey::escape;
 }
 
 bool isModifier(const QKeyEvent &event)

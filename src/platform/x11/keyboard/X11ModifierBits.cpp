@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11ModifierBits.h"
 
+#include "ModifierKeys.h"
 #include "X11KeyboardMap.h"
 
 #include <X11/keysym.h>
@@ -20,10 +21,10 @@ X11ModifierBits X11ModifierBits::of(const X11KeyboardMap &map)
 std::optional<quint16> X11ModifierBits::stateFor(quint32 modifiers) const
 {
     unsigned state = 0;
-    for (const auto &[stored, bits] : {std::pair<quint32, quint16>{0x100, super},
-                                       {0x200, quint16{XCB_MOD_MASK_SHIFT}},
-                                       {0x800, alt},
-                                       {0x1000, quint16{XCB_MOD_MASK_CONTROL}}}) {
+    for (const auto &[stored, bits] : {std::pair<quint32, quint16>{StoredModifier::command, super},
+                                       {StoredModifier::shift, quint16{XCB_MOD_MASK_SHIFT}},
+                                       {StoredModifier::option, alt},
+                                       {StoredModifier::control, quint16{XCB_MOD_MASK_CONTROL}}}) {
         if ((modifiers & stored) == 0)
             continue;
         if (bits == 0)
