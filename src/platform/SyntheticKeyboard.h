@@ -2,11 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// How the focused window wants to be told to paste.
-enum class PasteChord {
-    ControlV, // reads the clipboard
-    ShiftInsert, // reads the primary selection (terminals; layouts without a key for v)
-};
+#include "PasteChord.h"
 
 // Posts key events to whichever application has the focus, as if typed. Safe from any thread.
 class SyntheticKeyboard

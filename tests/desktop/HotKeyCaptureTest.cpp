@@ -9,16 +9,13 @@
 #include "X11InputConnection.h"
 #include "X11KeyCharacters.h"
 #include "X11ModifierMonitor.h"
+#include "XkbHeader.h"
 
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 #include <xcb/xcb.h>
-// The header names a field "explicit".
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 using namespace Qt::StringLiterals;
 

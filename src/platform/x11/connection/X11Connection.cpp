@@ -47,11 +47,6 @@ bool X11Connection::isUsable() const
     return xcb_connection_has_error(get()) == 0;
 }
 
-std::unique_lock<std::mutex> X11Connection::lockReplies() const
-{
-    return std::unique_lock(m_repliesMutex);
-}
-
 void X11Connection::drain()
 {
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(get())})
@@ -63,7 +58,8 @@ void X11Connection::drain()
 
 void X11Connection::handleReadable()
 {
-    lockReplies().unlock();
+    m_repliesMutex.lock();
+    m_repliesMutex.unlock();
     drain();
 }
 

@@ -11,8 +11,8 @@
 class QSocketNotifier;
 struct xcb_connection_t;
 
-// A connection of our own to the X server whose events are handled on the thread that made it. When
-// the server goes away it falls silent.
+// A connection of our own to the X server whose events are handled on the thread that made it. What
+// asks the server does so within an X11RoundTrip. When the server goes away it falls silent.
 class X11Connection final : public QObject
 {
 public:
@@ -28,16 +28,8 @@ public:
     // The root window of the display's default screen; 0 without a display.
     [[nodiscard]] quint32 root() const { return m_root; }
 
-    // To be held from a request to its reply wherever another thread may ask. The reply wakes the
-    // event loop too, which waits for the lock: unable to read meanwhile, it would turn in circles,
-    // at times on the very core that the other thread needs.
-    [[nodiscard]] std::unique_lock<std::mutex> lockReplies() const;
-
-    // Handles the events that have arrived. A round trip reads events in passing without waking the
-    // event loop: drain, now or soon, after each.
+    // Handles the events that have arrived.
     void drain();
-    // The same from the event loop. Any thread.
-    void drainSoon();
 
 protected:
     bool event(QEvent *event) override;
@@ -49,10 +41,13 @@ private:
     };
 
     void handleReadable();
+    // Drains from the event loop. Any thread.
+    void drainSoon();
 
+    friend class X11RoundTrip;
     Handler m_handler;
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     quint32 m_root = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    mutable std::mutex m_repliesMutex;
+    std::mutex m_repliesMutex; // held by an X11RoundTrip
 };

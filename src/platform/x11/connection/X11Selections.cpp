@@ -22,8 +22,7 @@ xcb_connection_t *X11Selections::applicationConnection()
 quint32 X11Selections::atom(xcb_connection_t *connection, const QByteArray &name)
 {
     const auto cookie = xcb_intern_atom(connection, 0, quint16(name.size()), name.constData());
-    const X11Reply<xcb_intern_atom_reply_t> reply{
-        xcb_intern_atom_reply(connection, cookie, nullptr)};
+    const auto reply = replyTo(connection, cookie, xcb_intern_atom_reply);
     return reply ? reply->atom : 0;
 }
 
@@ -40,7 +39,6 @@ QByteArray X11Selections::nameForScreen(const QByteArray &prefix)
 quint32 X11Selections::owner(xcb_connection_t *connection, quint32 selection)
 {
     const auto cookie = xcb_get_selection_owner(connection, selection);
-    const X11Reply<xcb_get_selection_owner_reply_t> reply{
-        xcb_get_selection_owner_reply(connection, cookie, nullptr)};
+    const auto reply = replyTo(connection, cookie, xcb_get_selection_owner_reply);
     return reply ? reply->owner : 0;
 }

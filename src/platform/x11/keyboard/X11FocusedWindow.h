@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArrayList>
+
 class X11Connection;
 
-// Whether the window that has the keyboard focus belongs to a terminal emulator.
-[[nodiscard]] bool isFocusedWindowTerminal(const X11Connection &connection);
+// The names that the application with the keyboard focus has given its window: instance and class.
+// Empty when there are none.
+[[nodiscard]] QByteArrayList focusedApplicationNames(X11Connection &connection);

@@ -6,14 +6,12 @@
 #include "X11InputConnection.h"
 #include "X11KeyboardMap.h"
 #include "X11Reply.h"
+#include "X11RoundTrip.h"
+#include "XkbHeader.h"
 
 #include <algorithm>
 
 #include <xcb/xcb.h>
-// The header names a field "explicit".
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace {
 
@@ -35,7 +33,6 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(X11InputConnection &input)
     prepareKeyboard();
     if (const auto map = X11KeyboardMap::read(m_connection))
         m_bits = X11ModifierBits::of(*map);
-    m_connection.drainSoon();
 }
 
 X11HotKeyRegistrar::~X11HotKeyRegistrar()
@@ -52,15 +49,16 @@ void X11HotKeyRegistrar::prepareKeyboard()
         return;
     m_keyboardEvent = extension->first_event;
     const xcb_xkb_device_spec_t keyboard = XCB_XKB_ID_USE_CORE_KBD;
-    const X11Reply<xcb_xkb_use_extension_reply_t> used(xcb_xkb_use_extension_reply(
-        connection,
-        xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
-        nullptr));
     const auto repeat = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-    const X11Reply<xcb_xkb_per_client_flags_reply_t> flags(xcb_xkb_per_client_flags_reply(
-        connection,
-        xcb_xkb_per_client_flags(connection, keyboard, repeat, repeat, 0, 0, 0),
-        nullptr));
+    const X11RoundTrip roundTrip(m_connection);
+    const auto used =
+        replyTo(connection,
+                xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
+                xcb_xkb_use_extension_reply);
+    const auto flags =
+        replyTo(connection,
+                xcb_xkb_per_client_flags(connection, keyboard, repeat, repeat, 0, 0, 0),
+                xcb_xkb_per_client_flags_reply);
     const quint16 events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
     const quint16 parts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
     xcb_xkb_select_events(connection, keyboard, events, 0, events, parts, parts, nullptr);
@@ -118,12 +116,13 @@ void X11HotKeyRegistrar::unregisterHotKey(HotKeyId id)
     m_grabs.erase(active);
 }
 
-int X11HotKeyRegistrar::grab(const Grab &combination) const
+int X11HotKeyRegistrar::grab(const Grab &combination)
 {
     const auto state = m_bits.stateFor(combination.modifiers);
     if (!state)
         return noSuchKey;
     auto *const connection = m_connection.get();
+    const X11RoundTrip roundTrip(m_connection);
     std::vector<xcb_void_cookie_t> requests;
     for (const auto locks : m_bits.lockCombinations())
         requests.push_back(xcb_grab_key_checked(connection,
@@ -223,7 +222,6 @@ void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
 void X11HotKeyRegistrar::updateModifierBits()
 {
     const auto map = X11KeyboardMap::read(m_connection);
-    m_connection.drainSoon();
     if (!map)
         return;
     const auto bits = X11ModifierBits::of(*map);

@@ -48,7 +48,7 @@ private:
     void noteIfHeld(quint8 key);
     void updateModifierBits();
     [[nodiscard]] std::optional<HotKeyId> hotKeyFor(quint8 key, quint16 state) const;
-    [[nodiscard]] int grab(const Grab &combination) const;
+    [[nodiscard]] int grab(const Grab &combination);
     void ungrab(const Grab &combination) const;
 
     X11InputConnection &m_input;

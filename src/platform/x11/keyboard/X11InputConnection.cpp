@@ -4,16 +4,14 @@
 
 #include "X11PhysicalKeys.h"
 #include "X11Reply.h"
+#include "X11RoundTrip.h"
+#include "XkbHeader.h"
 
 #include <algorithm>
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
-// The header names a field "explicit".
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace {
 
@@ -23,9 +21,16 @@ int inputOpcode(xcb_connection_t *connection)
     const auto *const extension = xcb_get_extension_data(connection, &xcb_input_id);
     if (extension == nullptr || !extension->present)
         return 0;
-    const X11Reply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
-        connection, xcb_input_xi_query_version(connection, 2, 2), nullptr));
+    const auto version = replyTo(
+        connection, xcb_input_xi_query_version(connection, 2, 2), xcb_input_xi_query_version_reply);
     return version && version->major_version >= 2 ? extension->major_opcode : 0;
+}
+
+// Returns when the server has handled every request before this.
+void awaitServer(xcb_connection_t *connection)
+{
+    const auto done =
+        replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
 }
 
 bool hasExtension(xcb_connection_t *connection, xcb_extension_t *id)
@@ -42,11 +47,12 @@ X11InputConnection::X11InputConnection()
     auto *const connection = m_connection.get();
     if (!m_connection.isUsable())
         return;
+    const X11RoundTrip roundTrip(m_connection);
     m_inputOpcode = inputOpcode(connection);
-    const X11Reply<xcb_xkb_use_extension_reply_t> keyboardMaps(xcb_xkb_use_extension_reply(
-        connection,
-        xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
-        nullptr));
+    const auto keyboardMaps =
+        replyTo(connection,
+                xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
+                xcb_xkb_use_extension_reply);
     m_canPost = hasExtension(connection, &xcb_test_id) && keyboardMaps && keyboardMaps->supported;
 }
 
@@ -64,6 +70,7 @@ bool X11InputConnection::canPost() const
 
 void X11InputConnection::addListener(const void *owner, Listener listener)
 {
+    const X11RoundTrip roundTrip(m_connection);
     const std::lock_guard lock(m_mutex);
     m_listeners[owner] = std::move(listener);
     updateWatch();
@@ -71,6 +78,7 @@ void X11InputConnection::addListener(const void *owner, Listener listener)
 
 void X11InputConnection::removeListener(const void *owner)
 {
+    const X11RoundTrip roundTrip(m_connection);
     const std::lock_guard lock(m_mutex);
     m_listeners.erase(owner);
     updateWatch();
@@ -78,19 +86,18 @@ void X11InputConnection::removeListener(const void *owner)
 
 void X11InputConnection::catchUp()
 {
-    auto *const connection = m_connection.get();
-    const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    {
+        const X11RoundTrip roundTrip(m_connection);
+        awaitServer(m_connection.get());
+    }
     m_connection.drain();
 }
 
 std::vector<quint8> X11InputConnection::keysDown()
 {
     auto *const connection = m_connection.get();
-    const auto replies = m_connection.lockReplies();
-    const X11Reply<xcb_query_keymap_reply_t> keymap(
-        xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
-    m_connection.drainSoon();
+    const X11RoundTrip roundTrip(m_connection);
+    const auto keymap = replyTo(connection, xcb_query_keymap(connection), xcb_query_keymap_reply);
     std::vector<quint8> down;
     for (unsigned key = 0; keymap && key < 256; ++key)
         if ((unsigned{keymap->keys[key / 8]} >> (key % 8) & 1U) != 0)
@@ -102,7 +109,7 @@ void X11InputConnection::post(const std::vector<KeyStroke> &strokes)
 {
     if (strokes.empty())
         return;
-    const auto replies = m_connection.lockReplies();
+    const X11RoundTrip roundTrip(m_connection);
     xcb_get_input_focus_cookie_t barrier{};
     {
         // Held until every request is noted: their events may be read on the other thread at once.
@@ -111,9 +118,7 @@ void X11InputConnection::post(const std::vector<KeyStroke> &strokes)
             postLocked(stroke);
         barrier = xcb_get_input_focus(m_connection.get());
     }
-    const X11Reply<xcb_get_input_focus_reply_t> done(
-        xcb_get_input_focus_reply(m_connection.get(), barrier, nullptr));
-    m_connection.drainSoon();
+    const auto done = replyTo(m_connection.get(), barrier, xcb_get_input_focus_reply);
 }
 
 // The server does not connect a posted key with the finger on the same key: the finger's release is
@@ -123,7 +128,7 @@ void X11InputConnection::pressForFingers(const std::vector<quint8> &keys)
     if (keys.empty() || !canWatch())
         return;
     const auto setPressed = [this](const std::set<quint8> &pressed) {
-        const auto replies = m_connection.lockReplies();
+        const X11RoundTrip roundTrip(m_connection);
         const std::lock_guard lock(m_mutex);
         m_pressedForFingers = pressed;
         updateWatch();
@@ -173,7 +178,6 @@ void X11InputConnection::updateWatch()
     const auto request = xcb_input_xi_select_events_checked(
         m_connection.get(), m_connection.root(), 1, &selection.header);
     const X11Reply<xcb_generic_error_t> error(xcb_request_check(m_connection.get(), request));
-    m_connection.drainSoon();
 }
 
 void X11InputConnection::handleEvent(const void *event)

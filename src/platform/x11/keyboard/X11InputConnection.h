@@ -45,7 +45,7 @@ public:
     // Whether keys can be watched, and whether they can be posted.
     [[nodiscard]] bool canWatch() const;
     [[nodiscard]] bool canPost() const;
-    [[nodiscard]] const X11Connection &connection() const { return m_connection; }
+    [[nodiscard]] X11Connection &connection() { return m_connection; }
 
     // Calls the listener for the keys that others press and release, whichever window has the
     // focus. When this returns no later key is missed. One listener an owner. Main thread only.

@@ -2,27 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "X11KeyboardMap.h"
 
-#include "X11Connection.h"
 #include "X11Reply.h"
+#include "X11RoundTrip.h"
+#include "XkbHeader.h"
 
 #include <algorithm>
 
 #include <X11/keysym.h>
 #include <xcb/xcb.h>
-// The header names a field "explicit".
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
-std::optional<X11KeyboardMap> X11KeyboardMap::read(const X11Connection &connection)
+std::optional<X11KeyboardMap> X11KeyboardMap::read(X11Connection &connection)
 {
     auto *const server = connection.get();
-    const auto replies = connection.lockReplies();
+    const X11RoundTrip roundTrip(connection);
     const xcb_xkb_device_spec_t keyboard = XCB_XKB_ID_USE_CORE_KBD;
     const auto state = xcb_xkb_get_state(server, keyboard);
     const auto map = xcb_xkb_get_map(server,
                                      keyboard,
-                                     XCB_XKB_MAP_PART_KEY_SYMS, //
+                                     XCB_XKB_MAP_PART_KEY_SYMS,
                                      0,
                                      0,
                                      0,
@@ -40,11 +37,9 @@ std::optional<X11KeyboardMap> X11KeyboardMap::read(const X11Connection &connecti
                                      0,
                                      0);
     const auto rows = xcb_get_modifier_mapping(server);
-    const X11Reply<xcb_xkb_get_state_reply_t> stateReply(
-        xcb_xkb_get_state_reply(server, state, nullptr));
-    const X11Reply<xcb_xkb_get_map_reply_t> mapReply(xcb_xkb_get_map_reply(server, map, nullptr));
-    const X11Reply<xcb_get_modifier_mapping_reply_t> rowsReply(
-        xcb_get_modifier_mapping_reply(server, rows, nullptr));
+    const auto stateReply = replyTo(server, state, xcb_xkb_get_state_reply);
+    const auto mapReply = replyTo(server, map, xcb_xkb_get_map_reply);
+    const auto rowsReply = replyTo(server, rows, xcb_get_modifier_mapping_reply);
     if (!stateReply || !mapReply || !rowsReply)
         return std::nullopt;
     X11KeyboardMap result;

@@ -22,7 +22,7 @@ public:
 
     // Reads the map in one round trip; absent when the display cannot tell. The connection must
     // have been introduced to the XKB extension.
-    [[nodiscard]] static std::optional<X11KeyboardMap> read(const X11Connection &connection);
+    [[nodiscard]] static std::optional<X11KeyboardMap> read(X11Connection &connection);
 
     // The keys that set the modifier of this row, in the order of the map.
     [[nodiscard]] const std::vector<quint8> &modifierKeys(std::size_t row) const;

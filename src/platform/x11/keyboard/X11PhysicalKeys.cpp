@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "X11PhysicalKeys.h"
 
-#include "X11Connection.h"
 #include "X11Reply.h"
+#include "X11RoundTrip.h"
 
 #include <string_view>
 #include <vector>
@@ -25,8 +25,7 @@ std::vector<quint8> realKeyboards(xcb_connection_t *connection)
 {
     std::vector<quint8> keyboards;
     const auto request = xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL);
-    const X11Reply<xcb_input_xi_query_device_reply_t> reply(
-        xcb_input_xi_query_device_reply(connection, request, nullptr));
+    const auto reply = replyTo(connection, request, xcb_input_xi_query_device_reply);
     if (!reply)
         return keyboards;
     auto devices = xcb_input_xi_query_device_infos_iterator(reply.get());
@@ -53,17 +52,16 @@ void addKeysDown(const xcb_input_query_device_state_reply_t *reply, std::set<qui
 
 } // namespace
 
-std::set<quint8> physicalKeysDown(const X11Connection &connection)
+std::set<quint8> physicalKeysDown(X11Connection &connection)
 {
     auto *const server = connection.get();
-    const auto replies = connection.lockReplies();
+    const X11RoundTrip roundTrip(connection);
     std::vector<xcb_input_query_device_state_cookie_t> requests;
     for (const auto keyboard : realKeyboards(server))
         requests.push_back(xcb_input_query_device_state(server, keyboard));
     std::set<quint8> down;
     for (const auto request : requests) {
-        const X11Reply<xcb_input_query_device_state_reply_t> reply(
-            xcb_input_query_device_state_reply(server, request, nullptr));
+        const auto reply = replyTo(server, request, xcb_input_query_device_state_reply);
         if (reply)
             addKeysDown(reply.get(), down);
     }

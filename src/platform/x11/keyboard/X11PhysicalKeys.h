@@ -10,4 +10,4 @@ class X11Connection;
 
 // The keys that fingers hold down, by X key code: those of every real keyboard, without keys that
 // programs posted. The connection must have been introduced to the input extension.
-[[nodiscard]] std::set<quint8> physicalKeysDown(const X11Connection &connection);
+[[nodiscard]] std::set<quint8> physicalKeysDown(X11Connection &connection);

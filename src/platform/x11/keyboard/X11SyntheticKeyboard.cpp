@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11SyntheticKeyboard.h"
 
+#include "PasteChordTable.h"
 #include "X11FocusedWindow.h"
 #include "X11InputConnection.h"
 
@@ -72,10 +73,9 @@ bool X11SyntheticKeyboard::isTrusted() const
 PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
 {
     const std::lock_guard lock(m_mutex);
-    const bool isTerminal = isFocusedWindowTerminal(m_input.connection());
+    const auto chord = pasteChordOf(focusedApplicationNames(m_input.connection()));
     m_map = X11KeyboardMap::read(m_input.connection());
-    return isTerminal || !m_map || !m_map->keyTyping(XK_v) ? PasteChord::ShiftInsert
-                                                           : PasteChord::ControlV;
+    return m_map && m_map->keyTyping(XK_v) ? chord : PasteChord::ShiftInsert;
 }
 
 bool X11SyntheticKeyboard::post(PasteChord pasteChord)

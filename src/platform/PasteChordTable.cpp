@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "PasteChordTable.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+struct Row
+{
+    std::string_view application; // in lower case
+    PasteChord chord;
+};
+
+// Every application that is not told by Control + V.
+constexpr Row table[] = {
+    {"alacritty", PasteChord::ShiftInsert},
+    {"gnome-terminal", PasteChord::ShiftInsert},
+    {"gnome-terminal-server", PasteChord::ShiftInsert},
+    {"kitty", PasteChord::ShiftInsert},
+    {"konsole", PasteChord::ShiftInsert},
+    {"lxterminal", PasteChord::ShiftInsert},
+    {"mate-terminal", PasteChord::ShiftInsert},
+    {"qterminal", PasteChord::ShiftInsert},
+    {"rxvt", PasteChord::ShiftInsert},
+    {"st", PasteChord::ShiftInsert},
+    {"st-256color", PasteChord::ShiftInsert},
+    {"terminator", PasteChord::ShiftInsert},
+    {"tilix", PasteChord::ShiftInsert},
+    {"urxvt", PasteChord::ShiftInsert},
+    {"uxterm", PasteChord::ShiftInsert},
+    {"xfce4-terminal", PasteChord::ShiftInsert},
+    {"xterm", PasteChord::ShiftInsert},
+};
+
+} // namespace
+
+PasteChord pasteChordOf(const QByteArrayList &applicationNames)
+{
+    for (const auto &name : applicationNames) {
+        const auto lowerCase = name.toLower();
+        const auto *const row =
+            std::ranges::find(table, std::string_view(lowerCase.constData()), &Row::application);
+        if (row != std::end(table))
+            return row->chord;
+    }
+    return PasteChord::ControlV;
+}
