@@ -106,7 +106,7 @@ void AppDelegate::applicationWillTerminate()
     m_http.close();
     m_tasks.waitForDone();
     m_session.terminate();
-    m_backends.handOverClipboard();
+    m_backends.clipboard->handOver();
     // From here on nobody logs any more.
     Farewell::say();
     m_historyStore.drain();
@@ -293,8 +293,16 @@ DictationServices AppDelegate::dictationServices()
                 return DeepSeekPolisher(config.deepSeek, prompt, m_http).polish(transcript);
             },
         .paste =
-            [this](const AppConfig &config, const QString &text) {
-                AutoPaster(config.paste, *m_backends.keyboard, m_mainQueue).paste(text);
+            [this](const AppConfig &config, const QString &text, PasteDelivery::Handler delivered) {
+                AutoPaster(config.paste,
+                           {*m_backends.keyboard, *m_backends.clipboard, m_pasteTurns, m_mainQueue})
+                    .paste(text, std::move(delivered));
+            },
+        .copy =
+            [this](const QString &text) {
+                // Whether it succeeded is not looked at.
+                static_cast<void>(
+                    m_backends.clipboard->offer(text, ClipboardSelections::Clipboard));
             },
     };
 }

@@ -13,6 +13,7 @@
 #include "HistoryStore.h"
 #include "HttpSession.h"
 #include "MainWindowController.h"
+#include "PasteTurns.h"
 #include "ShowWindowChannel.h"
 #include "SingleInstanceGuard.h"
 #include "StatusMenu.h"
@@ -74,6 +75,7 @@ private:
 
     // In building order: what stands further down uses what stands above.
     AppConfig m_config;
+    PasteTurns m_pasteTurns;
     EventLoopMainQueue m_mainQueue;
     BackgroundTasks m_tasks;
     HttpSession m_http;

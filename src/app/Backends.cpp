@@ -6,7 +6,7 @@
 #include "DBusTrayHostWatch.h"
 #include "MicrophonePermissionStore.h"
 #include "PulseAudioSystem.h"
-#include "X11ClipboardHandover.h"
+#include "X11Clipboard.h"
 #include "X11Compositor.h"
 #include "X11HotKeyRegistrar.h"
 #include "X11InputConnection.h"
@@ -23,12 +23,12 @@ Backends makeBackends()
         .hotKeys = std::make_unique<X11HotKeyRegistrar>(*input),
         .modifiers = std::make_unique<X11ModifierMonitor>(*input),
         .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
+        .clipboard = std::make_unique<X11Clipboard>(),
         .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
         .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},
         .hasCompositor = &hasCompositor,
         .keyCharacters = &charactersTypedBy,
-        .handOverClipboard = [] { handOverClipboard(); },
     };
     backends.trayHosts.push_back(std::make_unique<DBusTrayHostWatch>());
     backends.trayHosts.push_back(std::make_unique<X11TrayWatch>());

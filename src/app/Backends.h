@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AudioSystem.h"
+#include "Clipboard.h"
 #include "ColorSchemeWatch.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
@@ -21,6 +22,7 @@ struct Backends
     std::unique_ptr<HotKeyRegistrar> hotKeys;
     std::unique_ptr<ModifierMonitor> modifiers;
     std::unique_ptr<SyntheticKeyboard> keyboard;
+    std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ColorSchemeWatch> colorScheme;
     std::vector<std::unique_ptr<TrayHostWatch>> trayHosts;
@@ -28,8 +30,6 @@ struct Backends
     std::function<bool()> hasCompositor;
     // What a key, by its virtual key code, types without modifiers; empty when it types nothing.
     std::function<QString(quint32 keyCode)> keyCharacters;
-    // Lets a clipboard we own outlive us, where somebody keeps it.
-    std::function<void()> handOverClipboard;
 };
 
 // The desktop this process runs on. Needs the application object.

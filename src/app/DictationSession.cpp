@@ -5,7 +5,6 @@
 #include "AppLogger.h"
 #include "AudioRecorder.h"
 #include "BackgroundTasks.h"
-#include "ClipboardWriter.h"
 #include "DictationHost.h"
 #include "DictationIntervals.h"
 #include "ErrorClassification.h"
@@ -235,7 +234,7 @@ void DictationSession::process(Recording &recording, AppConfig config)
 
         stage = ProcessingFailureStage::AutoPaste;
         AppLogger::info(u"Auto paste started."_s);
-        timings.measure(stage, [&] { m_services.paste(config, *polishedText); });
+        timings.measure(stage, [&] { paste(config, *polishedText); });
         AppLogger::info(u"Auto paste succeeded."_s);
         AppLogger::info(timings.line());
         m_mainQueue.post([this] { m_overlay.hide(); });
@@ -291,7 +290,7 @@ void DictationSession::showProcessingFailure(const std::exception_ptr &error,
                      withoutSecrets(error, secrets));
     if (stage == ProcessingFailureStage::AutoPaste) {
         if (polishedText)
-            ClipboardWriter::copy(*polishedText);
+            m_services.copy(*polishedText);
         if (isAccessibilityPermissionError(error))
             m_host.openAccessibilityPermissionSettings();
     }
@@ -330,7 +329,7 @@ void DictationSession::pasteHistoryText(const QString &text)
 {
     m_tasks.start([this, text, config = m_host.config()] {
         try {
-            m_services.paste(config, text);
+            paste(config, text);
             m_mainQueue.post([this] {
                 m_overlay.hide();
                 AppLogger::info(u"History paste succeeded."_s);
@@ -342,10 +341,28 @@ void DictationSession::pasteHistoryText(const QString &text)
     });
 }
 
+// Off the main thread.
+void DictationSession::paste(const AppConfig &config, const QString &text)
+{
+    m_services.paste(
+        config, text, [this](auto fetchedAfter) { reportPasteDelivery(fetchedAfter); });
+}
+
+void DictationSession::reportPasteDelivery(std::optional<std::chrono::milliseconds> fetchedAfter)
+{
+    if (fetchedAfter) {
+        AppLogger::info("Paste delivered. fetchMs="_L1 + QString::number(fetchedAfter->count()));
+        return;
+    }
+    AppLogger::warning(u"Paste not delivered. Nobody fetched the text."_s);
+    if (m_state == State::Idle)
+        showOverlayMessage(OverlayMessages::failed(ProcessingFailureStage::AutoPaste));
+}
+
 void DictationSession::showHistoryPasteFailure(const std::exception_ptr &error, const QString &text)
 {
     AppLogger::error(u"History paste failed."_s, error);
-    ClipboardWriter::copy(text);
+    m_services.copy(text);
     if (isAccessibilityPermissionError(error))
         m_host.openAccessibilityPermissionSettings();
     showOverlayMessage(OverlayMessages::failed(error));

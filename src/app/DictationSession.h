@@ -90,6 +90,9 @@ private:
     void keep(const QString &transcript, const QString &polished);
     void endProcessing();
 
+    void paste(const AppConfig &config, const QString &text);
+    void reportPasteDelivery(std::optional<std::chrono::milliseconds> fetchedAfter);
+
     void showProcessingStage(const OverlayStage &stage);
     void showProcessingFailure(const std::exception_ptr &error,
                                ProcessingFailureStage stage,

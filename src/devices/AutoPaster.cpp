@@ -4,10 +4,6 @@
 
 #include "HushwireError.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
-
 #include <chrono>
 #include <thread>
 
@@ -20,48 +16,54 @@ namespace {
 // display refuses us until the main thread has heard of it.
 constexpr int attempts = 10;
 constexpr auto betweenAttempts = 10ms;
-
-// Makes the text what this selection holds; whether it does, as the display tells it.
-bool place(const QString &text, QClipboard::Mode mode)
-{
-    auto *const data = new QMimeData; // the clipboard's from here on
-    data->setText(text);
-    QGuiApplication::clipboard()->setMimeData(data, mode);
-    return QGuiApplication::clipboard()->mimeData(mode) == data;
-}
+// How long the application in front is given to fetch the text.
+constexpr auto longestDelivery = 1000ms;
 
 // The chord for terminals reads the primary selection in most of them, the clipboard in some.
-bool offer(const QString &text, PasteChord chord)
+ClipboardSelections selectionsReadBy(PasteChord chord)
 {
-    return place(text, QClipboard::Clipboard)
-        && (chord == PasteChord::ControlV || place(text, QClipboard::Selection));
+    return chord == PasteChord::ControlV ? ClipboardSelections::Clipboard
+                                         : ClipboardSelections::ClipboardAndPrimary;
 }
 
 } // namespace
 
-AutoPaster::AutoPaster(const PasteConfig &config, SyntheticKeyboard &keyboard, MainQueue &mainQueue)
+AutoPaster::AutoPaster(const PasteConfig &config, const Desktop &desktop)
     : m_config(config)
-    , m_keyboard(keyboard)
-    , m_mainQueue(mainQueue)
+    , m_desktop(desktop)
 {}
 
-void AutoPaster::paste(const QString &text) const
+void AutoPaster::paste(const QString &text, PasteDelivery::Handler delivered) const
 {
-    if (!m_keyboard.isTrusted())
+    auto &keyboard = m_desktop.keyboard;
+    if (!keyboard.isTrusted())
         throw HushwireError::permissionMissing(u"需要辅助功能权限"_s);
-    const auto chord = m_keyboard.pasteChordOfFocusedWindow();
-    const auto offerOnMainThread = [&] {
-        bool isOffered = false;
-        m_mainQueue.runAndWait([&] { isOffered = offer(text, chord); });
-        return isOffered;
+    const auto delivery =
+        std::make_shared<PasteDelivery>(m_desktop.turns.take(), std::move(delivered));
+    const auto chord = keyboard.pasteChordOfFocusedWindow();
+    offer(text, chord, delivery);
+    delivery->begin();
+    if (!keyboard.post(chord))
+        throw HushwireError::pasteFailed(u"无法创建自动粘贴事件。"_s);
+    m_desktop.mainQueue.postAfter(longestDelivery, [delivery] { delivery->giveUp(); });
+}
+
+void AutoPaster::offer(const QString &text,
+                       PasteChord chord,
+                       const std::shared_ptr<PasteDelivery> &delivery) const
+{
+    // Only what waits for the delivery keeps it, so that it ends when the waiting does.
+    const auto fetched = [delivery = std::weak_ptr(delivery)] {
+        if (const auto alive = delivery.lock())
+            alive->noteFetch();
     };
-    bool isOffered = offerOnMainThread();
-    for (int i = 1; i < attempts && !isOffered; ++i) {
-        std::this_thread::sleep_for(betweenAttempts);
-        isOffered = offerOnMainThread();
+    bool isOffered = false;
+    for (int i = 0; i < attempts && !isOffered; ++i) {
+        if (i > 0)
+            std::this_thread::sleep_for(betweenAttempts);
+        m_desktop.mainQueue.runAndWait(
+            [&] { isOffered = m_desktop.clipboard.offer(text, selectionsReadBy(chord), fetched); });
     }
     if (!isOffered)
         throw HushwireError::pasteFailed(u"写入系统剪贴板失败。"_s);
-    if (!m_keyboard.post(chord))
-        throw HushwireError::pasteFailed(u"无法创建自动粘贴事件。"_s);
 }

@@ -2,25 +2,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Clipboard.h"
 #include "MainQueue.h"
 #include "PasteConfig.h"
+#include "PasteDelivery.h"
 #include "SyntheticKeyboard.h"
 
 #include <QString>
+
+#include <memory>
 
 // Types text into the application that has the focus: onto the clipboard, then its paste chord.
 class AutoPaster final
 {
 public:
-    AutoPaster(const PasteConfig &config, SyntheticKeyboard &keyboard, MainQueue &mainQueue);
+    // What pastes are made with; all of it is used by one paste after the other.
+    struct Desktop
+    {
+        SyntheticKeyboard &keyboard;
+        Clipboard &clipboard;
+        PasteTurns &turns;
+        MainQueue &mainQueue;
+    };
 
-    // Returns when the chord's events have been posted. Any thread. Throws
-    // HushwireError::permissionMissing (the clipboard is then untouched),
-    // HushwireError::pasteFailed or CancelledError.
-    void paste(const QString &text) const;
+    AutoPaster(const PasteConfig &config, const Desktop &desktop);
+
+    // Returns when the chord's events have been posted, after the pastes before have been delivered
+    // or given up. Unless it throws, `delivered` is then told what became of it, at most a second
+    // later. Any thread but the main one. Throws HushwireError::permissionMissing (the clipboard is
+    // then untouched), HushwireError::pasteFailed or CancelledError.
+    void paste(const QString &text, PasteDelivery::Handler delivered) const;
 
 private:
+    void offer(const QString &text,
+               PasteChord chord,
+               const std::shared_ptr<PasteDelivery> &delivery) const;
+
     PasteConfig m_config;
-    SyntheticKeyboard &m_keyboard;
-    MainQueue &m_mainQueue;
+    Desktop m_desktop;
 };

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-// Puts text on the system clipboard as its only representation. Main thread only.
+// Puts text on the system clipboard as its only representation, while a window of our own has the
+// focus: on some desktops nobody else may. Main thread only.
 namespace ClipboardWriter {
 
 // Whether the write succeeded is not looked at.

@@ -3,6 +3,7 @@
 
 // The interfaces' destructors live here, so that each has one home for its virtual table.
 #include "AudioSystem.h"
+#include "Clipboard.h"
 #include "ColorSchemeWatch.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
@@ -11,6 +12,7 @@
 
 RecordingEngine::~RecordingEngine() = default;
 AudioSystem::~AudioSystem() = default;
+Clipboard::~Clipboard() = default;
 ColorSchemeWatch::~ColorSchemeWatch() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "AppDelegate.h"
 #include "FakeAudioSystem.h"
+#include "FakeClipboard.h"
 #include "FakeHotKeyRegistrar.h"
 #include "FakeModifierMonitor.h"
 #include "FakeSyntheticKeyboard.h"
@@ -43,12 +44,12 @@ protected:
             .hotKeys = std::move(registrar),
             .modifiers = std::make_unique<FakeModifierMonitor>(),
             .keyboard = std::move(keyboard),
+            .clipboard = std::make_unique<FakeClipboard>(),
             .audio = std::make_unique<FakeAudioSystem>(),
             .colorScheme = std::make_unique<NoColorScheme>(),
             .trayHosts = {},
             .hasCompositor = [] { return true; },
             .keyCharacters = {},
-            .handOverClipboard = [] {},
         };
         delegate.reset();
         delegate = std::make_unique<AppDelegate>(std::move(backends));

@@ -12,7 +12,6 @@
 #include "VoiceOverlayController.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QImage>
 #include <QWidget>
 
@@ -31,7 +30,6 @@ protected:
         audio.inputName = u"Mic"_s;
         host.settings.volcengine.apiKey = u"voice-key-12345"_s;
         host.settings.deepSeek.apiKey = u"polish-key-12345"_s;
-        QGuiApplication::clipboard()->setText(u"before"_s);
     }
 
     ~DictationSessionTest() override
@@ -59,10 +57,14 @@ protected:
                     polishedBy = config.deepSeek.model + u' ' + prompt;
                     return pass(1, polished);
                 },
-                [this](const AppConfig &config, const QString &text) {
+                [this](const AppConfig &config,
+                       const QString &text,
+                       PasteDelivery::Handler delivered) {
                     pastedWith = config.paste;
                     pasted << pass(2, text);
-                }};
+                    reportDelivery = std::move(delivered);
+                },
+                [this](const QString &text) { copied = text; }};
     }
 
     QString pass(size_t stage, const QString &result)
@@ -111,6 +113,8 @@ protected:
             {u"deny"_s, [&] { audio.permission = MicrophonePermission::Denied; }},
             {u"block"_s, [&] { audio.canCreate = false; }},
             {u"refuse"_s, [&] { audio.canRecord = false; }},
+            {u"fetch"_s, [&] { reportDelivery(12ms); }},
+            {u"ignore"_s, [&] { reportDelivery({}); }},
             {u"dismiss"_s, [&] { host.alerts.clear(), host.dismissAlert(); }},
         };
         const auto found = steps.find(step);
@@ -142,8 +146,8 @@ protected:
         parts << host.alerts;
         if (host.hasEscape)
             parts << u"esc"_s;
-        if (const auto text = QGuiApplication::clipboard()->text(); text != "before"_L1)
-            parts << u"copied"_s + (text == polished ? u""_s : text);
+        if (!copied.isNull())
+            parts << u"copied"_s + (copied == polished ? u""_s : copied);
         if (host.permissionPages > 0)
             parts << u"help"_s;
         static const QMap<QString, QString> abbreviations{{u"录 使用中 Mic esc"_s, u"R"_s},
@@ -173,6 +177,8 @@ protected:
     QString polishedBy; // which model, by which prompt
     QStringList pasted;
     PasteConfig pastedWith;
+    PasteDelivery::Handler reportDelivery; // of the latest paste
+    QString copied; // to the clipboard
 
     DictationSession session{{host, recorder, overlay, history, queue, tasks, services()}};
 };
@@ -227,6 +233,10 @@ INSTANTIATE_TEST_SUITE_P(
             u"start press ok ok fail"_s, u"R > A > P > V > 听 已复制到剪贴板 copied"_s, 1},
         DictationScript{
             u"start press ok ok forbid"_s, u"R > A > P > V > 听 已复制到剪贴板 copied help"_s, 1},
+        // A paste that nobody fetched is told of, unless the next dictation runs.
+        DictationScript{u"start press ok ok ok fetch ignore 1799 1 start ignore"_s,
+                        u"R > A > P > V > 听 - > = > 听 已复制到剪贴板 > = > 听 - > R > ="_s,
+                        1},
         // A start that fails is told, over whatever was said before.
         DictationScript{u"start escape deny start dismiss"_s,
                         u"R > 听 已取消 > = > ! - 需要麦克风权限才能录音。 > 听 -"_s},
@@ -255,6 +265,7 @@ TEST_F(DictationSessionTest, TakesTheSettingsOfEachStageAndLogsEveryStepButNoTex
     EXPECT_EQ(history.items().constFirst().polished, polished);
     EXPECT_EQ(host.refreshes, 1);
     EXPECT_EQ(openings, 3);
+    play(u"fetch ignore"_s);
     const QRegularExpression log(
         u"^INFO Recording requested\\.\n"
         "INFO Microphone permission checked\\. granted=true status=authorized input=Mic\n"
@@ -268,7 +279,9 @@ TEST_F(DictationSessionTest, TakesTheSettingsOfEachStageAndLogsEveryStepButNoTex
         "INFO Auto paste started\\.\n"
         "INFO Auto paste succeeded\\.\n"
         "INFO Processing timing\\. audioSeconds=3\\.51 audioBytes=112364 asrMs=(\\d+) "
-        "polishMs=\\d+ pasteMs=\\d+ totalMs=(\\d+)$"_s);
+        "polishMs=\\d+ pasteMs=\\d+ totalMs=(\\d+)\n"
+        "INFO Paste delivered\\. fetchMs=12\n"
+        "WARN Paste not delivered\\. Nobody fetched the text\\.$"_s);
     const auto match = log.match(logged());
     EXPECT_TRUE(match.hasMatch()) << qPrintable(logged());
     EXPECT_GE(match.captured(1).toInt(), 19);

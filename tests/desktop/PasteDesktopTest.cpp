@@ -4,19 +4,18 @@
 #include "BackgroundTasks.h"
 #include "Desktop.h"
 #include "EventLoopMainQueue.h"
+#include "ForeignWindow.h"
 #include "SelectionOwner.h"
 #include "TemporaryHome.h"
 #include "WaitUntil.h"
+#include "X11Clipboard.h"
 #include "X11InputConnection.h"
 #include "X11SyntheticKeyboard.h"
 
-#include <QAbstractNativeEventFilter>
-#include <QCoreApplication>
+#include <QPlainTextEdit>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <xcb/xcb.h>
 
 using namespace Key;
 using namespace Qt::StringLiterals;
@@ -55,20 +54,6 @@ const PasteCase rows[] = {
     {"all held", "us", {rightShift, rightSuper, leftAlt, rightControl}},
 };
 
-// Notices that an application asks for the text we offer: it has taken the keys then.
-class FetchCounter final : public QAbstractNativeEventFilter
-{
-public:
-    FetchCounter() { QCoreApplication::instance()->installNativeEventFilter(this); }
-    bool nativeEventFilter(const QByteArray &, void *message, qintptr *) override
-    {
-        const auto type = static_cast<xcb_generic_event_t *>(message)->response_type & 0x7f;
-        count += type == XCB_SELECTION_REQUEST ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
-
 class PasteDesktopTest : public testing::Test
 {
 protected:
@@ -79,16 +64,23 @@ protected:
         m_editor = m_desktop.start(program, arguments + QStringList{file}, program);
     }
 
-    // Pastes as the application does, off the main thread, and waits until the text is asked for.
-    void paste(const QByteArray &text)
+    // Pastes as the application does, off the main thread, all texts at once, and waits for what
+    // becomes of them: how many were delivered.
+    int paste(const QByteArrayList &texts)
     {
-        m_fetches.count = 0;
+        int delivered = 0;
+        qsizetype ended = 0;
         BackgroundTasks tasks;
-        tasks.start([&] {
-            EXPECT_NO_THROW(
-                AutoPaster(PasteConfig{}, m_keyboard, m_queue).paste(QString::fromUtf8(text)));
-        });
-        EXPECT_TRUE(waitUntil([&] { return m_fetches.count > 0; }));
+        for (const auto &text : texts)
+            tasks.start([&] {
+                EXPECT_NO_THROW(AutoPaster(PasteConfig{}, m_pasting)
+                                    .paste(QString::fromUtf8(text), [&](auto fetchedAfter) {
+                                        delivered += fetchedAfter ? 1 : 0;
+                                        ++ended;
+                                    }));
+            });
+        EXPECT_TRUE(waitUntil([&] { return ended == texts.size(); }));
+        return delivered;
     }
 
     // Whether the editor holds exactly this text, when asked to save it on the US layout.
@@ -118,7 +110,7 @@ protected:
             m_desktop.tap({key});
         for (const auto key : row.held)
             m_desktop.press(key);
-        paste(row.text);
+        EXPECT_EQ(paste({row.text}), 1);
         EXPECT_THAT(m_desktop.keysDown(), testing::UnorderedElementsAreArray(row.held));
         for (const auto key : row.held)
             m_desktop.release(key);
@@ -129,7 +121,7 @@ protected:
         // Something is copied elsewhere in between.
         for (const auto *selection : {"CLIPBOARD", "PRIMARY"})
             ownSelection(m_other, selection);
-        paste(shortText);
+        EXPECT_EQ(paste({shortText}), 1);
         m_expected += shortText;
         EXPECT_TRUE(isNoKeyDown());
         ASSERT_TRUE(holds(m_expected));
@@ -150,7 +142,9 @@ protected:
     EventLoopMainQueue m_queue;
     X11InputConnection m_input;
     X11SyntheticKeyboard m_keyboard{m_input};
-    FetchCounter m_fetches;
+    X11Clipboard m_clipboard;
+    PasteTurns m_turns;
+    const AutoPaster::Desktop m_pasting{m_keyboard, m_clipboard, m_turns, m_queue};
     const X11Connection m_other{[](const void *) {}};
     bool m_isTerminal = false;
     std::unique_ptr<BackgroundProcess> m_editor;
@@ -161,6 +155,30 @@ TEST_F(PasteDesktopTest, mousepadGetsTextOnEveryLayoutWhateverIsHeld)
 {
     open(u"mousepad"_s, {u"--disable-server"_s});
     pasteEverything();
+    // Two at once, while a clipboard manager fetches everything too.
+    BackgroundProcess manager;
+    manager.start(u"xfce4-clipman"_s, QStringList());
+    auto *const server = m_other.get();
+    const auto selection = X11Selections::atom(server, "CLIPBOARD_MANAGER");
+    ASSERT_TRUE(waitUntil([&] { return X11Selections::owner(server, selection) != 0; }));
+    EXPECT_EQ(paste({"A\n", "B\n"}), 2);
+    EXPECT_TRUE(holds(m_expected + "A\nB\n") || holds(m_expected + "B\nA\n"))
+        << m_home.read(u"text.txt"_s).right(50).toStdString();
+    // What has the focus takes no paste: only the manager fetches.
+    const ForeignWindow deaf("deaf");
+    EXPECT_EQ(paste({"C\n"}), 0);
+}
+
+TEST_F(PasteDesktopTest, aWindowOfOursGetsText)
+{
+    QPlainTextEdit editor;
+    editor.show();
+    ASSERT_TRUE(waitUntil([&] {
+        editor.activateWindow();
+        return editor.isActiveWindow();
+    }));
+    EXPECT_EQ(paste({shortText}), 1);
+    EXPECT_EQ(editor.toPlainText(), QString::fromUtf8(shortText));
 }
 
 TEST_F(PasteDesktopTest, featherpadGetsTextOnEveryLayoutWhateverIsHeld)

@@ -1,41 +1,89 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "AutoPaster.h"
+#include "BackgroundTasks.h"
+#include "FakeClipboard.h"
 #include "FakeSyntheticKeyboard.h"
 #include "Outcome.h"
 #include "VirtualMainQueue.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
+#include <QStringList>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-TEST(AutoPaster, saysWhatIsMissingAndLeavesTheClipboardAsPromised)
+namespace {
+
+class AutoPasterTest : public testing::Test
 {
+protected:
+    void paste(const QString &text)
+    {
+        AutoPaster(PasteConfig{}, {keyboard, clipboard, turns, queue})
+            .paste(text, [this, text](auto fetchedAfter) {
+                results << text + (fetchedAfter ? u" fetched"_s : u" not fetched"_s);
+            });
+    }
+
+    PasteTurns turns;
     FakeSyntheticKeyboard keyboard;
+    FakeClipboard clipboard;
     VirtualMainQueue queue;
-    auto *clipboard = QGuiApplication::clipboard();
-    clipboard->setText(u"before"_s);
+    QStringList results;
+};
+
+TEST_F(AutoPasterTest, saysWhatIsMissingAndLeavesTheClipboardAsPromised)
+{
     const auto text = u" 你好\r\n😀\n "_s;
-    // Whether we may post and can, what comes of it, and what the clipboard holds then.
-    const std::tuple<bool, bool, std::string, QString> rows[] = {
-        {false, true, "permissionMissing: 需要辅助功能权限", u"before"_s},
-        {true, false, "pasteFailed: 无法创建自动粘贴事件。", text},
-        {true, true, "= ", text},
+    // Whether we may post and can, refused offers, what comes of it and what the clipboard holds.
+    const std::tuple<bool, bool, int, std::string, QString> rows[] = {
+        {false, true, 0, "permissionMissing: 需要辅助功能权限", u"before"_s},
+        {true, true, 10, "pasteFailed: 写入系统剪贴板失败。", u"before"_s},
+        {true, false, 0, "pasteFailed: 无法创建自动粘贴事件。", text},
+        {true, true, 9, "= ", text},
     };
-    for (const auto &[isTrusted, canPost, expected, content] : rows) {
+    for (const auto &[isTrusted, canPost, refusals, expected, content] : rows) {
         keyboard.trusted = isTrusted;
         keyboard.canPost = canPost;
+        clipboard.refusals = refusals;
         EXPECT_EQ(outcome([&] {
-                      AutoPaster(PasteConfig{}, keyboard, queue).paste(text);
+                      paste(text);
                       return QString();
                   }),
                   expected);
-        EXPECT_EQ(clipboard->text(), content);
-        EXPECT_EQ(clipboard->mimeData()->formats(), QStringList{u"text/plain"_s});
+        EXPECT_EQ(clipboard.text, content);
     }
     EXPECT_EQ(keyboard.posted, 1);
 }
+
+TEST_F(AutoPasterTest, pastesGoOneAtATimeAndAreGivenASecond)
+{
+    BackgroundTasks tasks;
+    for (const auto &text : {u"A"_s, u"B"_s}) {
+        tasks.start([this, text] { paste(text); });
+        ASSERT_TRUE(queue.runUntil([&] { return keyboard.posted > 0; }));
+    }
+    queue.advance(999ms);
+    EXPECT_EQ(clipboard.text, u"A"_s);
+    EXPECT_TRUE(results.isEmpty());
+    queue.advance(1ms);
+    ASSERT_TRUE(queue.runUntil([&] { return keyboard.posted == 2; }));
+    EXPECT_EQ(clipboard.text, u"B"_s);
+    clipboard.fetch();
+    clipboard.fetch();
+    queue.advance(5s);
+    EXPECT_EQ(results, (QStringList{u"A not fetched"_s, u"B fetched"_s}));
+    tasks.waitForDone();
+    // The turn of a paste that failed, or was given up with the queue, is over too.
+    keyboard.canPost = false;
+    EXPECT_ANY_THROW(paste(u"C"_s));
+    keyboard.canPost = true;
+    paste(u"D"_s);
+    queue.close();
+    paste(u"E"_s);
+}
+
+} // namespace
