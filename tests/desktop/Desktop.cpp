@@ -23,7 +23,7 @@ std::unique_ptr<T, decltype(&free)> owned(T *reply)
     return {reply, &free};
 }
 
-quint8 realKeyboard(xcb_connection_t *connection)
+quint8 keyboard(xcb_connection_t *connection, bool isForPostedKeys)
 {
     const auto request = xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL);
     const auto reply = owned(xcb_input_xi_query_device_reply(connection, request, nullptr));
@@ -31,7 +31,8 @@ quint8 realKeyboard(xcb_connection_t *connection)
     for (; devices.rem > 0; xcb_input_xi_device_info_next(&devices)) {
         const QByteArray name(xcb_input_xi_device_info_name(devices.data),
                               xcb_input_xi_device_info_name_length(devices.data));
-        if (devices.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && !name.contains("XTEST"))
+        if (devices.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD
+            && name.contains("XTEST") == isForPostedKeys)
             return static_cast<quint8>(devices.data->deviceid);
     }
     return 0;
@@ -46,7 +47,7 @@ Desktop::Desktop()
     const auto version = xcb_input_xi_query_version(connection, 2, 2);
     owned(xcb_input_xi_query_version_reply(connection, version, nullptr)).reset();
     m_firstInputEvent = xcb_get_extension_data(connection, &xcb_input_id)->first_event;
-    m_keyboard = realKeyboard(connection);
+    m_keyboard = keyboard(connection, false);
     EXPECT_NE(m_keyboard, 0);
 }
 
@@ -91,6 +92,12 @@ void Desktop::setLayout(const QString &arguments)
 {
     // An empty option takes those away that an earlier call set.
     EXPECT_EQ(runCommand(u"setxkbmap -option '' "_s + arguments).exitCode, 0);
+}
+
+void Desktop::setPostingLayout(const QString &arguments)
+{
+    const auto command = u"setxkbmap -device %1 "_s.arg(keyboard(m_connection.get(), true));
+    EXPECT_EQ(runCommand(command + arguments).exitCode, 0);
 }
 
 std::unique_ptr<BackgroundProcess>

@@ -55,6 +55,8 @@ public:
 
     // Runs setxkbmap with these arguments.
     void setLayout(const QString &arguments);
+    // The same for the device that posted keys come from, until the next setLayout().
+    void setPostingLayout(const QString &arguments);
 
     // Starts an application and waits until its window, by the name its class carries, has the
     // focus. It is ended with the returned object.

@@ -34,6 +34,7 @@ struct PasteCase
     std::vector<quint8> held = {};
     std::vector<quint8> locks = {}; // tapped before and after
     QByteArray text = shortText;
+    const char *postingLayout = nullptr; // of the device for posted keys alone
 };
 
 const PasteCase rows[] = {
@@ -41,6 +42,7 @@ const PasteCase rows[] = {
     {"long", "us", {}, {}, longText},
     {"Dvorak", "dvorak"},
     {"French", "fr"},
+    {"Dvorak for posted keys alone", "us", {}, {}, shortText, "dvorak"},
     {"French, AltGr held", "fr", {rightAlt}},
     {"Russian", "ru"},
     {"Russian as second layout", "us,ru -option grp:sclk_toggle", {}, {scrollLock}},
@@ -106,6 +108,8 @@ protected:
     void pasteRow(const PasteCase &row)
     {
         m_desktop.setLayout(QString::fromLatin1(row.layout));
+        if (row.postingLayout != nullptr)
+            m_desktop.setPostingLayout(QString::fromLatin1(row.postingLayout));
         for (const auto key : row.locks)
             m_desktop.tap({key});
         for (const auto key : row.held)

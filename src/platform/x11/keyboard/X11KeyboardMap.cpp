@@ -11,45 +11,60 @@
 #include <X11/keysym.h>
 #include <xcb/xcb.h>
 
+namespace {
+
+// Asks for these parts of the map, each whole.
+xcb_xkb_get_map_cookie_t
+requestMap(xcb_connection_t *connection, xcb_xkb_device_spec_t keyboard, quint16 parts)
+{
+    constexpr quint8 none = 0;
+    return xcb_xkb_get_map(connection,
+                           keyboard,
+                           parts,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none,
+                           none);
+}
+
+} // namespace
+
 std::optional<X11KeyboardMap> X11KeyboardMap::read(X11Connection &connection)
+{
+    return read(connection, XCB_XKB_ID_USE_CORE_KBD);
+}
+
+std::optional<X11KeyboardMap> X11KeyboardMap::read(X11Connection &connection, quint16 keyboard)
 {
     auto *const server = connection.get();
     const X11RoundTrip roundTrip(connection);
-    const xcb_xkb_device_spec_t keyboard = XCB_XKB_ID_USE_CORE_KBD;
-    const auto state = xcb_xkb_get_state(server, keyboard);
-    const auto map = xcb_xkb_get_map(server,
-                                     keyboard,
-                                     XCB_XKB_MAP_PART_KEY_SYMS,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0,
-                                     0);
-    const auto rows = xcb_get_modifier_mapping(server);
-    const auto stateReply = replyTo(server, state, xcb_xkb_get_state_reply);
-    const auto mapReply = replyTo(server, map, xcb_xkb_get_map_reply);
-    const auto rowsReply = replyTo(server, rows, xcb_get_modifier_mapping_reply);
-    if (!stateReply || !mapReply || !rowsReply)
+    // The layout in use is that of the keyboard as a whole, whichever device its keys come from.
+    const auto stateRequest = xcb_xkb_get_state(server, XCB_XKB_ID_USE_CORE_KBD);
+    const auto mapRequest =
+        requestMap(server, keyboard, XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP);
+    const auto state = replyTo(server, stateRequest, xcb_xkb_get_state_reply);
+    const auto map = replyTo(server, mapRequest, xcb_xkb_get_map_reply);
+    if (!state || !map)
         return std::nullopt;
     X11KeyboardMap result;
-    result.m_currentLayout = stateReply->group;
-    result.readSymbols(mapReply.get());
-    result.readRows(rowsReply.get());
+    result.m_currentLayout = state->group;
+    result.readParts(map.get());
     return result;
 }
 
-void X11KeyboardMap::readSymbols(const xcb_xkb_get_map_reply_t *reply)
+void X11KeyboardMap::readParts(const xcb_xkb_get_map_reply_t *reply)
 {
     xcb_xkb_get_map_map_t parts{};
     xcb_xkb_get_map_map_unpack(xcb_xkb_get_map_map(reply),
@@ -60,28 +75,28 @@ void X11KeyboardMap::readSymbols(const xcb_xkb_get_map_reply_t *reply)
                                0,
                                0,
                                0,
-                               0,
+                               reply->totalModMapKeys,
                                0,
                                reply->present,
                                &parts);
-    std::size_t key = reply->firstKeySym;
-    auto keys = xcb_xkb_get_map_map_syms_rtrn_iterator(reply, &parts);
-    for (; keys.rem > 0 && key < m_symbols.size(); xcb_xkb_key_sym_map_next(&keys), ++key) {
+    readSymbols(xcb_xkb_get_map_map_syms_rtrn_iterator(reply, &parts), reply->firstKeySym);
+    auto keys = xcb_xkb_get_map_map_modmap_rtrn_iterator(reply, &parts);
+    for (; keys.rem > 0; xcb_xkb_key_mod_map_next(&keys))
+        for (std::size_t row = 0; row < rowCount; ++row)
+            if ((keys.data->mods >> row & 1) != 0)
+                m_rows.at(row).push_back(keys.data->keycode);
+}
+
+void X11KeyboardMap::readSymbols(xcb_xkb_key_sym_map_iterator_t keys, std::size_t firstKey)
+{
+    for (auto key = firstKey; keys.rem > 0 && key < m_symbols.size(); ++key) {
         const auto *const symbols = xcb_xkb_key_sym_map_syms(keys.data);
         const std::size_t layouts = keys.data->groupInfo & 0x0fU;
         for (std::size_t layout = 0; layout < layouts; ++layout)
             m_symbols.at(key).push_back(symbols[layout * keys.data->width]);
         m_layoutCount = std::max(m_layoutCount, layouts);
+        xcb_xkb_key_sym_map_next(&keys);
     }
-}
-
-void X11KeyboardMap::readRows(const xcb_get_modifier_mapping_reply_t *reply)
-{
-    const auto *const keys = xcb_get_modifier_mapping_keycodes(reply);
-    for (std::size_t row = 0; row < rowCount; ++row)
-        for (std::size_t i = 0; i < reply->keycodes_per_modifier; ++i)
-            if (const auto key = keys[row * reply->keycodes_per_modifier + i])
-                m_rows.at(row).push_back(key);
 }
 
 const std::vector<quint8> &X11KeyboardMap::modifierKeys(std::size_t row) const

@@ -9,10 +9,10 @@
 #include <vector>
 
 class X11Connection;
-struct xcb_get_modifier_mapping_reply_t;
 struct xcb_xkb_get_map_reply_t;
+struct xcb_xkb_key_sym_map_iterator_t;
 
-// What the keys of the keyboard type, and which of them are modifiers, as of one moment.
+// What the keys of a keyboard type, and which of them are modifiers, as of one moment.
 class X11KeyboardMap final
 {
 public:
@@ -20,9 +20,12 @@ public:
     enum Row { ShiftRow, LockRow, ControlRow, FirstModRow };
     static constexpr std::size_t rowCount = 8;
 
-    // Reads the map in one round trip; absent when the display cannot tell. The connection must
-    // have been introduced to the XKB extension.
+    // Reads the map of the keyboard in use in one round trip; absent when the display cannot tell.
+    // The connection must have been introduced to the XKB extension.
     [[nodiscard]] static std::optional<X11KeyboardMap> read(X11Connection &connection);
+    // The same of one device, which can have a map of its own, by its number.
+    [[nodiscard]] static std::optional<X11KeyboardMap> read(X11Connection &connection,
+                                                            quint16 keyboard);
 
     // The keys that set the modifier of this row, in the order of the map.
     [[nodiscard]] const std::vector<quint8> &modifierKeys(std::size_t row) const;
@@ -37,8 +40,8 @@ public:
 
 private:
     X11KeyboardMap() = default;
-    void readSymbols(const xcb_xkb_get_map_reply_t *reply);
-    void readRows(const xcb_get_modifier_mapping_reply_t *reply);
+    void readParts(const xcb_xkb_get_map_reply_t *reply);
+    void readSymbols(xcb_xkb_key_sym_map_iterator_t keys, std::size_t firstKey);
     [[nodiscard]] quint32 symbol(quint8 key, std::size_t layout) const;
 
     std::array<std::vector<quint32>, 256> m_symbols; // by key, then by layout

@@ -21,7 +21,8 @@ bool isForPostedKeys(const xcb_input_xi_device_info_t *device)
     return name.ends_with(" XTEST keyboard");
 }
 
-std::vector<quint8> realKeyboards(xcb_connection_t *connection)
+// The keyboards that are for posted keys, or those that are not.
+std::vector<quint8> keyboards(xcb_connection_t *connection, bool areForPostedKeys)
 {
     std::vector<quint8> keyboards;
     const auto request = xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL);
@@ -31,7 +32,7 @@ std::vector<quint8> realKeyboards(xcb_connection_t *connection)
     auto devices = xcb_input_xi_query_device_infos_iterator(reply.get());
     for (; devices.rem > 0; xcb_input_xi_device_info_next(&devices))
         if (devices.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD
-            && !isForPostedKeys(devices.data))
+            && isForPostedKeys(devices.data) == areForPostedKeys)
             keyboards.push_back(static_cast<quint8>(devices.data->deviceid));
     return keyboards;
 }
@@ -52,12 +53,20 @@ void addKeysDown(const xcb_input_query_device_state_reply_t *reply, std::set<qui
 
 } // namespace
 
+std::optional<quint8> keyboardForPostedKeys(X11Connection &connection)
+{
+    const X11RoundTrip roundTrip(connection);
+    // The first belongs to the keyboard that everybody uses.
+    const auto found = keyboards(connection.get(), true);
+    return found.empty() ? std::nullopt : std::optional(found.front());
+}
+
 std::set<quint8> physicalKeysDown(X11Connection &connection)
 {
     auto *const server = connection.get();
     const X11RoundTrip roundTrip(connection);
     std::vector<xcb_input_query_device_state_cookie_t> requests;
-    for (const auto keyboard : realKeyboards(server))
+    for (const auto keyboard : keyboards(server, false))
         requests.push_back(xcb_input_query_device_state(server, keyboard));
     std::set<quint8> down;
     for (const auto request : requests) {

@@ -5,6 +5,7 @@
 #include "PasteChordTable.h"
 #include "X11FocusedWindow.h"
 #include "X11InputConnection.h"
+#include "X11PhysicalKeys.h"
 
 #include <algorithm>
 #include <chrono>
@@ -61,6 +62,7 @@ waitForFingers(X11InputConnection &input, const Chord &chord, const X11KeyboardM
 
 X11SyntheticKeyboard::X11SyntheticKeyboard(X11InputConnection &input)
     : m_input(input)
+    , m_keyboard(m_input.canWatch() ? keyboardForPostedKeys(m_input.connection()) : std::nullopt)
 {}
 
 X11SyntheticKeyboard::~X11SyntheticKeyboard() = default;
@@ -74,8 +76,15 @@ PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
 {
     const std::lock_guard lock(m_mutex);
     const auto chord = pasteChordOf(focusedApplicationNames(m_input.connection()));
-    m_map = X11KeyboardMap::read(m_input.connection());
+    m_map = readMap();
     return m_map && m_map->keyTyping(XK_v) ? chord : PasteChord::ShiftInsert;
+}
+
+std::optional<X11KeyboardMap> X11SyntheticKeyboard::readMap()
+{
+    auto &connection = m_input.connection();
+    return m_keyboard ? X11KeyboardMap::read(connection, *m_keyboard)
+                      : X11KeyboardMap::read(connection);
 }
 
 bool X11SyntheticKeyboard::post(PasteChord pasteChord)
@@ -85,7 +94,7 @@ bool X11SyntheticKeyboard::post(PasteChord pasteChord)
         return false;
     auto map = std::exchange(m_map, std::nullopt);
     if (!map)
-        map = X11KeyboardMap::read(m_input.connection());
+        map = readMap();
     const auto chord = partsOf(pasteChord);
     const auto key = map ? map->keyTyping(chord.symbol) : std::nullopt;
     if (!key || map->modifierKeys(chord.row).empty())

@@ -22,7 +22,10 @@ public:
     [[nodiscard]] bool post(PasteChord chord) override;
 
 private:
+    [[nodiscard]] std::optional<X11KeyboardMap> readMap();
+
     X11InputConnection &m_input;
+    const std::optional<quint8> m_keyboard; // the device that will post
     std::mutex m_mutex; // one chord at a time
     std::optional<X11KeyboardMap> m_map; // what the latest choice of a chord has read, for its keys
 };
