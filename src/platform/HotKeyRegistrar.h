@@ -27,8 +27,9 @@ public:
     // thread's event loop.
     virtual void setHandler(Handler handler) = 0;
     // Makes the key with exactly these modifiers ours system-wide. `keyCode` is a stored virtual
-    // key code, `modifiers` a mask of StoredModifier bits. Returns 0, or the display's error code
-    // (10: taken by another program; 2: no such key here; -1: no global hotkeys on this display).
+    // key code, of which VirtualKey::escape stands for the key that types Escape, `modifiers` a
+    // mask of StoredModifier bits. Returns 0, or the display's error code (10: taken by another
+    // program; 2: no such key here; -1: no global hotkeys on this display).
     [[nodiscard]] virtual int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) = 0;
     // Gives the combination back; does nothing when the id is not registered.
     virtual void unregisterHotKey(HotKeyId id) = 0;

@@ -18,7 +18,8 @@ public:
     ModifierMonitor &operator=(const ModifierMonitor &) = delete;
 
     // Calls the handler for every press and release of a modifier key, from the main thread's event
-    // loop; not for events while one of our own windows is active, nor for keys we post ourselves.
+    // loop; not for a key that is pressed while one of our own windows is active, nor for keys we
+    // post ourselves.
     // Returns whether the display can be watched at all.
     [[nodiscard]] virtual bool start(Handler handler) = 0;
     // No call of the handler after this. Does nothing when not started.

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Desktop.h"
+#include "ForeignWindow.h"
 #include "Process.h"
+#include "VirtualKey.h"
 #include "WaitUntil.h"
 #include "X11HotKeyRegistrar.h"
 #include "X11InputConnection.h"
@@ -15,6 +17,8 @@
 #include <QWidget>
 
 #include <gmock/gmock.h>
+
+#include <xcb/xinput.h>
 
 using namespace Key;
 using namespace Qt::StringLiterals;
@@ -127,8 +131,10 @@ TEST_F(HotKeyDesktopTest, mappingChangesLeaveHotKeysWorking)
         {u"setxkbmap us -option '' -option altwin:swap_alt_win"_s,
          {leftControl, leftAlt, leftShift, space}},
         {u"setxkbmap us -option ''"_s, usual},
-        // Super on another modifier bit.
-        {u"xmodmap -e 'clear mod3' -e 'clear mod4' -e 'add mod3 = Super_L'"_s, usual}};
+        // Super on another modifier bit, then each of its keys on one of its own.
+        {u"xmodmap -e 'clear mod3' -e 'clear mod4' -e 'add mod3 = Super_L'"_s, usual},
+        {u"xmodmap -e 'add mod4 = Super_R'"_s, {leftControl, rightSuper, leftShift, space}},
+        {u"true"_s, usual}};
     for (const auto &[change, chord] : rows) {
         ASSERT_EQ(runCommand(change).exitCode, 0);
         // A change reaches us and the keys by two ways.
@@ -141,7 +147,7 @@ TEST_F(HotKeyDesktopTest, mappingChangesLeaveHotKeysWorking)
 
 TEST_F(HotKeyDesktopTest, heldKeyIsOnePressAndTypesNothing)
 {
-    KeyRecorder window;
+    ForeignWindow window("editor");
     ASSERT_EQ(registerMain(101, 0), 0);
     // In the middle of another key's repeats.
     m_desktop.press(a);
@@ -154,9 +160,18 @@ TEST_F(HotKeyDesktopTest, heldKeyIsOnePressAndTypesNothing)
     EXPECT_TRUE(keyboard.post(PasteChord::ShiftInsert));
     ASSERT_TRUE(
         waitUntil([&] { return !window.presses.empty() && window.presses.back() == insert; }));
+    m_desktop.release(f9);
     m_desktop.release(a);
+    window.focusChanges = 0;
     m_desktop.press(f9);
-    EXPECT_FALSE(waitUntil([&] { return m_pressed.size() > 1; }, std::chrono::milliseconds(1500)));
+    EXPECT_FALSE(waitUntil([&] { return m_pressed.size() > 2; }, std::chrono::milliseconds(1500)));
+    // A grab and its end at the press, and once more from the first repeat to the release.
+    EXPECT_LE(window.focusChanges, 4);
+    window.presses.clear();
+    EXPECT_TRUE(keyboard.post(PasteChord::ShiftInsert));
+    ASSERT_TRUE(
+        waitUntil([&] { return !window.presses.empty() && window.presses.back() == insert; }));
+    EXPECT_FALSE(waitUntil([&] { return m_pressed.size() > 2; }, std::chrono::milliseconds(300)));
     m_desktop.release(f9);
     EXPECT_EQ(std::ranges::count(window.presses, f9), 0);
     m_pressed.clear();
@@ -189,6 +204,44 @@ TEST_F(HotKeyDesktopTest, escapeHeldAfterCancelDoesNotSpill)
     }));
     EXPECT_EQ(window.presses.front(), escape);
     EXPECT_EQ(m_pressed.size(), 2U);
+}
+
+TEST_F(HotKeyDesktopTest, escapeIsTheKeyThatTypesIt)
+{
+    ASSERT_EQ(m_registrar.registerHotKey(HotKeyId::Escape, VirtualKey::escape, 0), 0);
+    const auto cancels = [this](quint8 key) {
+        m_pressed.clear();
+        m_desktop.tap({key});
+        return waitUntil([this] { return !m_pressed.empty(); }, std::chrono::milliseconds(300));
+    };
+    EXPECT_TRUE(cancels(escape));
+    m_desktop.setLayout(u"us -option caps:swapescape"_s);
+    EXPECT_TRUE(waitUntil([&] { return cancels(capsLock); }));
+    EXPECT_FALSE(cancels(escape));
+    m_desktop.tap({escape}); // Caps Lock off again
+    m_registrar.unregisterHotKey(HotKeyId::Escape);
+    ASSERT_EQ(m_registrar.registerHotKey(HotKeyId::Escape, VirtualKey::escape, 0), 0);
+    EXPECT_TRUE(cancels(capsLock));
+}
+
+// As desktops grab their own keys.
+TEST_F(HotKeyDesktopTest, aKeyHeldByTheInputExtensionIsRefused)
+{
+    const X11Connection other([](const void *) {});
+    auto *const server = other.get();
+    const quint32 states[] = {XCB_MOD_MASK_SHIFT};
+    EXPECT_TRUE(replyTo(
+        server, xcb_input_xi_query_version(server, 2, 2), xcb_input_xi_query_version_reply));
+    const auto request = xcb_input_xi_passive_grab_device(
+        server, 0, other.root(), 0, f9, 1, 1, 0, 1, 1, 1, 0, nullptr, states);
+    EXPECT_TRUE(replyTo(server, request, xcb_input_xi_passive_grab_device_reply));
+    EXPECT_EQ(registerMain(101, 0x200), 10);
+    EXPECT_EQ(registerMain(101, 0), 0);
+    xcb_input_xi_passive_ungrab_device(server, other.root(), f9, 1, 1, 1, states);
+    static_cast<void>(replyTo(server, xcb_get_input_focus(server), xcb_get_input_focus_reply));
+    EXPECT_EQ(registerMain(101, 0x200), 0);
+    m_desktop.tap({leftShift, f9});
+    EXPECT_THAT(pressed(), ElementsAre(HotKeyId::Main));
 }
 
 TEST_F(HotKeyDesktopTest, refusalsAreReportedAndLeaveNothingBehind)
@@ -279,7 +332,13 @@ TEST_F(HotKeyDesktopTest, modifierMonitorTellsSidesAndIgnoresOurKeys)
     EXPECT_EQ(events.at(2), (KeyEvent{60, ModifierFlag::shift, {}}));
     events.clear();
     {
+        m_desktop.press(leftControl);
+        EXPECT_TRUE(waitUntil([&] { return events.size() == 1; }));
         const KeyRecorder ourWindow;
+        // The release of what was pressed elsewhere is told.
+        m_desktop.release(leftControl);
+        EXPECT_TRUE(waitUntil([&] { return events.size() == 2; }));
+        events.clear();
         m_desktop.tap({leftShift});
     }
     monitor.stop();

@@ -3,6 +3,7 @@
 #include "X11HotKeyRegistrar.h"
 
 #include "KeyCodes.h"
+#include "VirtualKey.h"
 #include "X11InputConnection.h"
 #include "X11KeyboardMap.h"
 #include "X11Reply.h"
@@ -11,7 +12,9 @@
 
 #include <algorithm>
 
+#include <X11/keysym.h>
 #include <xcb/xcb.h>
+#include <xcb/xinput.h>
 
 namespace {
 
@@ -32,12 +35,19 @@ X11HotKeyRegistrar::X11HotKeyRegistrar(X11InputConnection &input)
         return;
     prepareKeyboard();
     if (const auto map = X11KeyboardMap::read(m_connection))
-        m_bits = X11ModifierBits::of(*map);
+        m_keys = keysOf(*map);
+    m_input.addKeyboardHolder(this, [this] { yieldKeyboard(); });
 }
 
 X11HotKeyRegistrar::~X11HotKeyRegistrar()
 {
+    m_input.removeKeyboardHolder(this);
     m_input.removeListener(this);
+}
+
+X11HotKeyRegistrar::Keys X11HotKeyRegistrar::keysOf(const X11KeyboardMap &map)
+{
+    return {X11ModifierBits::of(map), map.keyTyping(XK_Escape)};
 }
 
 // Asks that a held key comes as presses only, and to hear of changes of the keyboard map.
@@ -59,6 +69,10 @@ void X11HotKeyRegistrar::prepareKeyboard()
         replyTo(connection,
                 xcb_xkb_per_client_flags(connection, keyboard, repeat, repeat, 0, 0, 0),
                 xcb_xkb_per_client_flags_reply);
+    m_hasInputExtension = m_input.canWatch()
+        && replyTo(connection,
+                   xcb_input_xi_query_version(connection, 2, 2),
+                   xcb_input_xi_query_version_reply);
     const quint16 events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
     const quint16 parts = XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
     xcb_xkb_select_events(connection, keyboard, events, 0, events, parts, parts, nullptr);
@@ -69,10 +83,10 @@ int X11HotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 mod
     unregisterHotKey(id);
     if (!m_connection.isUsable())
         return noDisplay;
-    const auto kernelCode = KeyCodes::kernelCode(keyCode);
-    if (!kernelCode)
+    const auto key = keyFor(keyCode);
+    if (!key)
         return noSuchKey;
-    const Grab wanted{static_cast<quint8>(*kernelCode + KeyCodes::displayOffset), modifiers};
+    const Grab wanted{*key, keyCode, modifiers};
     const auto known = std::ranges::find_if(
         m_grabs, [&wanted](const auto &entry) { return entry.second.isSameKey(wanted); });
     if (known != m_grabs.end() && !known->second.isLeaving)
@@ -87,6 +101,17 @@ int X11HotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 mod
     return 0;
 }
 
+// Escape is the key that types it, which need not be the one at its place.
+std::optional<quint8> X11HotKeyRegistrar::keyFor(quint32 keyCode) const
+{
+    if (keyCode == VirtualKey::escape && m_keys.escape)
+        return m_keys.escape;
+    const auto kernelCode = KeyCodes::kernelCode(keyCode);
+    if (!kernelCode)
+        return std::nullopt;
+    return static_cast<quint8>(*kernelCode + KeyCodes::displayOffset);
+}
+
 // The repeats of a key that is down already are no presses of the hotkey: it may be the very press
 // that the user chose it with.
 void X11HotKeyRegistrar::noteIfHeld(quint8 key)
@@ -96,7 +121,7 @@ void X11HotKeyRegistrar::noteIfHeld(quint8 key)
         return;
     watchReleases();
     if (isDown())
-        m_heldSince.emplace(key, std::nullopt);
+        setHeld(key, std::nullopt);
     else if (m_heldSince.empty())
         m_input.removeListener(this);
 }
@@ -118,17 +143,19 @@ void X11HotKeyRegistrar::unregisterHotKey(HotKeyId id)
 
 int X11HotKeyRegistrar::grab(const Grab &combination)
 {
-    const auto state = m_bits.stateFor(combination.modifiers);
-    if (!state)
+    const auto states = statesOf(combination);
+    if (states.empty())
         return noSuchKey;
     auto *const connection = m_connection.get();
     const X11RoundTrip roundTrip(m_connection);
+    if (isTakenByInputExtension(combination.key, states))
+        return takenByAnother;
     std::vector<xcb_void_cookie_t> requests;
-    for (const auto locks : m_bits.lockCombinations())
+    for (const auto state : states)
         requests.push_back(xcb_grab_key_checked(connection,
                                                 1,
                                                 m_connection.root(),
-                                                static_cast<quint16>(*state | locks),
+                                                static_cast<quint16>(state),
                                                 combination.key,
                                                 XCB_GRAB_MODE_ASYNC,
                                                 XCB_GRAB_MODE_ASYNC));
@@ -143,14 +170,54 @@ int X11HotKeyRegistrar::grab(const Grab &combination)
     return status;
 }
 
+// The server keeps the grabs of the input extension apart from ours: they neither refuse ours nor
+// leave it any press. A grab of their kind is refused.
+bool X11HotKeyRegistrar::isTakenByInputExtension(quint8 key, const std::vector<quint32> &states)
+{
+    if (!m_hasInputExtension)
+        return false;
+    auto *const connection = m_connection.get();
+    const auto count = static_cast<quint16>(states.size());
+    const auto request = xcb_input_xi_passive_grab_device(connection,
+                                                          XCB_CURRENT_TIME,
+                                                          m_connection.root(),
+                                                          XCB_NONE,
+                                                          key,
+                                                          XCB_INPUT_DEVICE_ALL_MASTER,
+                                                          count,
+                                                          0,
+                                                          XCB_INPUT_GRAB_TYPE_KEYCODE,
+                                                          XCB_INPUT_GRAB_MODE_22_ASYNC,
+                                                          XCB_INPUT_GRAB_MODE_22_ASYNC,
+                                                          XCB_INPUT_GRAB_OWNER_NO_OWNER,
+                                                          nullptr,
+                                                          states.data());
+    xcb_input_xi_passive_ungrab_device(connection,
+                                       m_connection.root(),
+                                       key,
+                                       XCB_INPUT_DEVICE_ALL_MASTER,
+                                       count,
+                                       XCB_INPUT_GRAB_TYPE_KEYCODE,
+                                       states.data());
+    const auto refused = replyTo(connection, request, xcb_input_xi_passive_grab_device_reply);
+    return refused && refused->num_modifiers > 0;
+}
+
+// Every state of the keyboard in which the combination is pressed.
+std::vector<quint32> X11HotKeyRegistrar::statesOf(const Grab &combination) const
+{
+    std::vector<quint32> states;
+    for (const auto state : m_keys.bits.statesFor(combination.modifiers))
+        for (const auto locks : m_keys.bits.lockCombinations())
+            states.push_back(quint32{state} | locks);
+    return states;
+}
+
 void X11HotKeyRegistrar::ungrab(const Grab &combination) const
 {
-    const auto state = m_bits.stateFor(combination.modifiers).value_or(0);
-    for (const auto locks : m_bits.lockCombinations())
-        xcb_ungrab_key(m_connection.get(),
-                       combination.key,
-                       m_connection.root(),
-                       static_cast<quint16>(state | locks));
+    for (const auto state : statesOf(combination))
+        xcb_ungrab_key(
+            m_connection.get(), combination.key, m_connection.root(), static_cast<quint16>(state));
     xcb_flush(m_connection.get());
 }
 
@@ -164,7 +231,7 @@ void X11HotKeyRegistrar::handleEvent(const void *event)
         else
             handleRelease(key->detail, key->time);
     } else if (type == m_keyboardEvent && m_keyboardEvent != 0) {
-        updateModifierBits();
+        updateKeys();
     }
 }
 
@@ -176,7 +243,7 @@ void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
     const auto held = m_heldSince.find(key);
     const bool isRepeat =
         held != m_heldSince.end() && (!held->second || time - *held->second < longestRepeatGap);
-    m_heldSince[key] = time;
+    setHeld(key, time);
     if (!isRepeat)
         if (const auto id = hotKeyFor(key, state); id && m_handler)
             m_handler(*id);
@@ -185,8 +252,35 @@ void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
     // Watched before the keyboard is freed, so that the release is seen one way or the other.
     if (m_heldSince.size() == 1 && !isRepeat)
         watchReleases();
+    // Each grab takes the focus from the application in front for a moment: that of the first
+    // repeat stays until the release, unless keys are posted meanwhile.
+    const std::lock_guard lock(m_yieldMutex);
+    m_hasYielded &= isRepeat;
+    if (isRepeat && !m_hasYielded)
+        return;
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
     xcb_flush(m_connection.get());
+}
+
+void X11HotKeyRegistrar::setHeld(quint8 key, std::optional<quint32> time)
+{
+    m_heldSince[key] = time;
+    const std::lock_guard lock(m_yieldMutex);
+    m_isKeyHeld = true;
+}
+
+// From now on the repeats of a held key are let go of one by one.
+void X11HotKeyRegistrar::yieldKeyboard()
+{
+    const std::lock_guard lock(m_yieldMutex);
+    if (!m_isKeyHeld)
+        return;
+    m_hasYielded = true;
+    auto *const connection = m_connection.get();
+    const X11RoundTrip roundTrip(m_connection);
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    const auto done =
+        replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
 }
 
 void X11HotKeyRegistrar::watchReleases()
@@ -206,8 +300,11 @@ void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
     if (held->second && static_cast<qint32>(time - *held->second) < 0)
         return;
     m_heldSince.erase(held);
-    if (m_heldSince.empty())
+    if (m_heldSince.empty()) {
         m_input.removeListener(this);
+        const std::lock_guard lock(m_yieldMutex);
+        m_isKeyHeld = false;
+    }
     std::erase_if(m_grabs, [this, key](const auto &entry) {
         const auto &[id, grab] = entry;
         if (!grab.isLeaving || grab.key != key)
@@ -218,29 +315,30 @@ void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
 }
 
 // Every change between a physical keyboard and posted keys is announced as a new map, so at each
-// paste: only other bits are worth new grabs.
-void X11HotKeyRegistrar::updateModifierBits()
+// paste: only what the grabs are made of is worth new ones.
+void X11HotKeyRegistrar::updateKeys()
 {
     const auto map = X11KeyboardMap::read(m_connection);
     if (!map)
         return;
-    const auto bits = X11ModifierBits::of(*map);
-    if (bits == m_bits)
+    const auto keys = keysOf(*map);
+    if (keys == m_keys)
         return;
     for (const auto &[id, grab] : m_grabs)
         ungrab(grab);
-    m_bits = bits;
+    m_keys = keys;
     // A combination that is refused now stays ours in name, and is tried again at the next change.
-    for (const auto &[id, combination] : m_grabs)
+    for (auto &[id, combination] : m_grabs) {
+        combination.key = keyFor(combination.keyCode).value_or(combination.key);
         static_cast<void>(grab(combination));
+    }
 }
 
 std::optional<HotKeyId> X11HotKeyRegistrar::hotKeyFor(quint8 key, quint16 state) const
 {
-    const auto locks = m_bits.lockCombinations().back();
-    const auto pressed = state & 0xff & ~locks;
+    const auto pressed = static_cast<quint32>(state & 0xff);
     for (const auto &[id, grab] : m_grabs)
-        if (grab.key == key && !grab.isLeaving && m_bits.stateFor(grab.modifiers) == pressed)
+        if (grab.key == key && !grab.isLeaving && std::ranges::count(statesOf(grab), pressed) > 0)
             return id;
     return std::nullopt;
 }

@@ -7,9 +7,12 @@
 #include "X11ModifierBits.h"
 
 #include <map>
+#include <mutex>
 #include <optional>
+#include <vector>
 
 class X11InputConnection;
+class X11KeyboardMap;
 
 // Global hotkeys by passive grabs of the exact modifiers with every combination of lock keys. The
 // keyboard itself stays free: what is posted or typed while the hotkey is still held reaches the
@@ -29,7 +32,8 @@ private:
     struct Grab
     {
         quint8 key = 0;
-        quint32 modifiers = 0; // stored bits
+        quint32 keyCode = 0; // stored, as are the modifiers
+        quint32 modifiers = 0;
         // Given back, but its key is still held: kept until the release, so that the key's repeats
         // do not fall into the application in front.
         bool isLeaving = false;
@@ -40,13 +44,28 @@ private:
         }
     };
 
+    // What grabs are made of; changes with the keyboard map.
+    struct Keys
+    {
+        X11ModifierBits bits;
+        std::optional<quint8> escape; // the key that types it
+
+        bool operator==(const Keys &) const = default;
+    };
+
+    [[nodiscard]] static Keys keysOf(const X11KeyboardMap &map);
     void prepareKeyboard();
     void handleEvent(const void *event);
     void handlePress(quint8 key, quint16 state, quint32 time);
     void handleRelease(quint8 key, quint32 time);
     void watchReleases();
     void noteIfHeld(quint8 key);
-    void updateModifierBits();
+    void setHeld(quint8 key, std::optional<quint32> time);
+    void yieldKeyboard();
+    [[nodiscard]] std::optional<quint8> keyFor(quint32 keyCode) const;
+    [[nodiscard]] std::vector<quint32> statesOf(const Grab &combination) const;
+    [[nodiscard]] bool isTakenByInputExtension(quint8 key, const std::vector<quint32> &states);
+    void updateKeys();
     [[nodiscard]] std::optional<HotKeyId> hotKeyFor(quint8 key, quint16 state) const;
     [[nodiscard]] int grab(const Grab &combination);
     void ungrab(const Grab &combination) const;
@@ -54,9 +73,13 @@ private:
     X11InputConnection &m_input;
     X11Connection m_connection;
     int m_keyboardEvent = 0; // the XKB extension's event type
+    bool m_hasInputExtension = false;
     Handler m_handler;
-    X11ModifierBits m_bits;
+    Keys m_keys;
     std::multimap<HotKeyId, Grab> m_grabs;
     // By key, the server's time of its latest press; absent when that came before the registration.
     std::map<quint8, std::optional<quint32>> m_heldSince;
+    std::mutex m_yieldMutex; // guards what follows
+    bool m_isKeyHeld = false;
+    bool m_hasYielded = false; // for keys that were posted while it is held
 };

@@ -26,13 +26,6 @@ int inputOpcode(xcb_connection_t *connection)
     return version && version->major_version >= 2 ? extension->major_opcode : 0;
 }
 
-// Returns when the server has handled every request before this.
-void awaitServer(xcb_connection_t *connection)
-{
-    const auto done =
-        replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
-}
-
 bool hasExtension(xcb_connection_t *connection, xcb_extension_t *id)
 {
     const auto *const extension = xcb_get_extension_data(connection, id);
@@ -84,11 +77,35 @@ void X11InputConnection::removeListener(const void *owner)
     updateWatch();
 }
 
+void X11InputConnection::addKeyboardHolder(const void *owner, std::function<void()> yield)
+{
+    const std::lock_guard lock(m_mutex);
+    m_keyboardHolders[owner] = std::move(yield);
+}
+
+void X11InputConnection::removeKeyboardHolder(const void *owner)
+{
+    const std::lock_guard lock(m_mutex);
+    m_keyboardHolders.erase(owner);
+}
+
+void X11InputConnection::yieldKeyboard()
+{
+    std::map<const void *, std::function<void()>> holders;
+    {
+        const std::lock_guard lock(m_mutex);
+        holders = m_keyboardHolders;
+    }
+    for (const auto &[owner, yield] : holders)
+        yield();
+}
+
 void X11InputConnection::catchUp()
 {
     {
         const X11RoundTrip roundTrip(m_connection);
-        awaitServer(m_connection.get());
+        const auto done = replyTo(
+            m_connection.get(), xcb_get_input_focus(m_connection.get()), xcb_get_input_focus_reply);
     }
     m_connection.drain();
 }

@@ -56,6 +56,14 @@ public:
     // The keys that are down now, by X key code. Any thread.
     [[nodiscard]] std::vector<quint8> keysDown();
 
+    // Has `yield` called, on any thread, before keys are posted: the owner then lets go of the
+    // keyboard, so that they reach the application in front, and returns when it has. Main thread
+    // only, as removing it again.
+    void addKeyboardHolder(const void *owner, std::function<void()> yield);
+    void removeKeyboardHolder(const void *owner);
+    // Has every holder let go of the keyboard. Any thread.
+    void yieldKeyboard();
+
     // Posts the strokes in their order and returns when the server has taken them. Any thread.
     void post(const std::vector<KeyStroke> &strokes);
     // Presses those of the keys that fingers hold, until the fingers let go of them. Any thread.
@@ -79,6 +87,7 @@ private:
     bool m_canPost = false;
     std::mutex m_mutex; // guards what follows
     std::map<const void *, Listener> m_listeners;
+    std::map<const void *, std::function<void()>> m_keyboardHolders;
     std::set<quint8> m_pressedForFingers;
     bool m_isWatching = false;
     std::vector<Posted> m_posted;

@@ -18,20 +18,22 @@ X11ModifierBits X11ModifierBits::of(const X11KeyboardMap &map)
     return bits;
 }
 
-std::optional<quint16> X11ModifierBits::stateFor(quint32 modifiers) const
+std::vector<quint16> X11ModifierBits::statesFor(quint32 modifiers) const
 {
-    unsigned state = 0;
+    std::vector<quint16> states{0};
     for (const auto &[stored, bits] : {std::pair<quint32, quint16>{StoredModifier::command, super},
                                        {StoredModifier::shift, quint16{XCB_MOD_MASK_SHIFT}},
                                        {StoredModifier::option, alt},
                                        {StoredModifier::control, quint16{XCB_MOD_MASK_CONTROL}}}) {
         if ((modifiers & stored) == 0)
             continue;
-        if (bits == 0)
-            return std::nullopt;
-        state |= bits;
+        std::vector<quint16> extended;
+        for (const auto state : states)
+            for (unsigned part = bits; part != 0; part = (part - 1) & bits)
+                extended.push_back(static_cast<quint16>(state | part));
+        states = std::move(extended);
     }
-    return static_cast<quint16>(state);
+    return states;
 }
 
 std::vector<quint16> X11ModifierBits::lockCombinations() const

@@ -4,7 +4,6 @@
 
 #include <QtGlobal>
 
-#include <optional>
 #include <vector>
 
 class X11KeyboardMap;
@@ -19,9 +18,9 @@ struct X11ModifierBits
 
     [[nodiscard]] static X11ModifierBits of(const X11KeyboardMap &map);
 
-    // The display's bits for a mask of stored modifier bits; absent when the keyboard has no key
-    // for one of them.
-    [[nodiscard]] std::optional<quint16> stateFor(quint32 modifiers) const;
+    // What the display may report for a mask of stored modifier bits: more than one state where two
+    // keys of a modifier set different bits, none when the keyboard has no key for one of them.
+    [[nodiscard]] std::vector<quint16> statesFor(quint32 modifiers) const;
     // Every combination of the lock keys, none included.
     [[nodiscard]] std::vector<quint16> lockCombinations() const;
 

@@ -42,6 +42,7 @@ void X11ModifierMonitor::stop()
 {
     m_input.removeListener(this);
     m_down.clear();
+    m_reported.clear();
 }
 
 void X11ModifierMonitor::handleStroke(const KeyStroke &stroke)
@@ -53,8 +54,14 @@ void X11ModifierMonitor::handleStroke(const KeyStroke &stroke)
         m_down.insert(code);
     else
         m_down.erase(code);
-    if (QGuiApplication::focusWindow() == nullptr)
-        m_handler({code, flags(), std::nullopt});
+    // Who was told of a press is told of its release, wherever that goes.
+    const bool wasReported = m_reported.erase(code) > 0;
+    const bool isOurs = QGuiApplication::focusWindow() != nullptr;
+    if (isOurs && (stroke.isPress || !wasReported))
+        return;
+    if (stroke.isPress)
+        m_reported.insert(code);
+    m_handler({code, flags(), std::nullopt});
 }
 
 quint32 X11ModifierMonitor::flags() const

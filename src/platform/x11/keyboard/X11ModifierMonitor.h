@@ -27,5 +27,7 @@ private:
 
     X11InputConnection &m_input;
     Handler m_handler;
-    std::set<quint32> m_down; // virtual key codes
+    // Virtual key codes: the keys that are down, and those whose press the handler knows.
+    std::set<quint32> m_down;
+    std::set<quint32> m_reported;
 };

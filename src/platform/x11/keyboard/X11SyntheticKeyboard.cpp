@@ -92,6 +92,7 @@ bool X11SyntheticKeyboard::post(PasteChord pasteChord)
     const std::lock_guard lock(m_mutex);
     if (!isTrusted())
         return false;
+    m_input.yieldKeyboard();
     auto map = std::exchange(m_map, std::nullopt);
     if (!map)
         map = readMap();
