@@ -298,6 +298,7 @@ DictationServices AppDelegate::dictationServices()
                            {*m_backends.keyboard, *m_backends.clipboard, m_pasteTurns, m_mainQueue})
                     .paste(text, std::move(delivered));
             },
+        .returnFocus = [this] { return m_backends.focusReturn->returnFocus(); },
         .copy =
             [this](const QString &text) {
                 // Whether it succeeded is not looked at.

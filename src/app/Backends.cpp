@@ -8,6 +8,7 @@
 #include "PulseAudioSystem.h"
 #include "X11Clipboard.h"
 #include "X11Compositor.h"
+#include "X11FocusReturn.h"
 #include "X11HotKeyRegistrar.h"
 #include "X11InputConnection.h"
 #include "X11KeyCharacters.h"
@@ -24,6 +25,7 @@ Backends makeBackends()
         .modifiers = std::make_unique<X11ModifierMonitor>(*input),
         .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
         .clipboard = std::make_unique<X11Clipboard>(),
+        .focusReturn = std::make_unique<X11FocusReturn>(),
         .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
         .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},

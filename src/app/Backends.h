@@ -5,6 +5,7 @@
 #include "AudioSystem.h"
 #include "Clipboard.h"
 #include "ColorSchemeWatch.h"
+#include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
 #include "SyntheticKeyboard.h"
@@ -23,6 +24,7 @@ struct Backends
     std::unique_ptr<ModifierMonitor> modifiers;
     std::unique_ptr<SyntheticKeyboard> keyboard;
     std::unique_ptr<Clipboard> clipboard;
+    std::unique_ptr<FocusReturn> focusReturn;
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ColorSchemeWatch> colorScheme;
     std::vector<std::unique_ptr<TrayHostWatch>> trayHosts;

@@ -26,6 +26,9 @@ struct DictationServices
     // on the main thread whether it was fetched.
     std::function<void(const AppConfig &, const QString &text, PasteDelivery::Handler delivered)>
         paste;
+    // Gives the focus back to the window that had it before ours; false when there is none. Throws
+    // nothing.
+    std::function<bool()> returnFocus;
     // Leaves the text on the clipboard. Main thread only.
     std::function<void(const QString &text)> copy;
 };

@@ -329,6 +329,10 @@ void DictationSession::pasteHistoryText(const QString &text)
 {
     m_tasks.start([this, text, config = m_host.config()] {
         try {
+            if (!m_services.returnFocus()) {
+                m_mainQueue.post([this, text] { leaveOnClipboard(text); });
+                return;
+            }
             paste(config, text);
             m_mainQueue.post([this] {
                 m_overlay.hide();
@@ -357,6 +361,13 @@ void DictationSession::reportPasteDelivery(std::optional<std::chrono::millisecon
     AppLogger::warning(u"Paste not delivered. Nobody fetched the text."_s);
     if (m_state == State::Idle)
         showOverlayMessage(OverlayMessages::failed(ProcessingFailureStage::AutoPaste));
+}
+
+void DictationSession::leaveOnClipboard(const QString &text)
+{
+    AppLogger::info(u"History text copied. No window to paste into."_s);
+    m_services.copy(text);
+    showOverlayMessage(OverlayMessages::failed(ProcessingFailureStage::AutoPaste));
 }
 
 void DictationSession::showHistoryPasteFailure(const std::exception_ptr &error, const QString &text)

@@ -55,7 +55,8 @@ public:
     void toggleRecording();
     // Escape: throws the recording away. Does nothing when not recording.
     void cancelRecording();
-    // Pastes a text of the history; on failure it is left on the clipboard.
+    // Pastes a text of the history into the window that had the focus before ours; without one, or
+    // on failure, it is left on the clipboard.
     void pasteHistoryText(const QString &text);
     // Presents a failure outside a dictation's stages.
     void showError(const std::exception_ptr &error);
@@ -98,6 +99,7 @@ private:
                                ProcessingFailureStage stage,
                                const std::optional<QString> &polishedText,
                                const QStringList &secrets);
+    void leaveOnClipboard(const QString &text);
     void showHistoryPasteFailure(const std::exception_ptr &error, const QString &text);
     void showReadyOrRecording();
 

@@ -5,6 +5,7 @@
 #include "AudioSystem.h"
 #include "Clipboard.h"
 #include "ColorSchemeWatch.h"
+#include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
 #include "SyntheticKeyboard.h"
@@ -14,6 +15,7 @@ RecordingEngine::~RecordingEngine() = default;
 AudioSystem::~AudioSystem() = default;
 Clipboard::~Clipboard() = default;
 ColorSchemeWatch::~ColorSchemeWatch() = default;
+FocusReturn::~FocusReturn() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;

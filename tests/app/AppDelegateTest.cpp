@@ -45,6 +45,7 @@ protected:
             .modifiers = std::make_unique<FakeModifierMonitor>(),
             .keyboard = std::move(keyboard),
             .clipboard = std::make_unique<FakeClipboard>(),
+            .focusReturn = {},
             .audio = std::make_unique<FakeAudioSystem>(),
             .colorScheme = std::make_unique<NoColorScheme>(),
             .trayHosts = {},

@@ -64,6 +64,7 @@ protected:
                     pasted << pass(2, text);
                     reportDelivery = std::move(delivered);
                 },
+                [this] { return hasPreviousWindow; },
                 [this](const QString &text) { copied = text; }};
     }
 
@@ -179,6 +180,7 @@ protected:
     PasteConfig pastedWith;
     PasteDelivery::Handler reportDelivery; // of the latest paste
     QString copied; // to the clipboard
+    bool hasPreviousWindow = true;
 
     DictationSession session{{host, recorder, overlay, history, queue, tasks, services()}};
 };
@@ -357,9 +359,13 @@ TEST_F(DictationSessionTest, PastesAHistoryTextOrLeavesItOnTheClipboard)
         session.pasteHistoryText(u"早"_s);
         EXPECT_TRUE(queue.runUntil([&, &wanted = expected] { return shown() == wanted; }));
         EXPECT_TRUE(logged().contains(u"\nERROR History paste failed. error="_s));
+        play(u"1599"_s);
+        EXPECT_NE(overlay.shownMode(), std::nullopt);
+        play(u"1"_s);
+        EXPECT_EQ(overlay.shownMode(), std::nullopt);
     }
-    play(u"1599"_s);
-    EXPECT_NE(overlay.shownMode(), std::nullopt);
-    play(u"1"_s);
-    EXPECT_EQ(overlay.shownMode(), std::nullopt);
+    hasPreviousWindow = false;
+    session.pasteHistoryText(u"晚"_s);
+    EXPECT_TRUE(queue.runUntil([&] { return shown() == u" 已复制到剪贴板 copied晚 help"_s; }));
+    EXPECT_EQ(pasted.size(), 1);
 }

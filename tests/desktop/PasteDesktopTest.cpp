@@ -9,16 +9,19 @@
 #include "TemporaryHome.h"
 #include "WaitUntil.h"
 #include "X11Clipboard.h"
+#include "X11FocusReturn.h"
 #include "X11InputConnection.h"
 #include "X11SyntheticKeyboard.h"
 
 #include <QPlainTextEdit>
 
+#include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace Key;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -173,16 +176,40 @@ TEST_F(PasteDesktopTest, mousepadGetsTextOnEveryLayoutWhateverIsHeld)
     EXPECT_EQ(paste({"C\n"}), 0);
 }
 
-TEST_F(PasteDesktopTest, aWindowOfOursGetsText)
+TEST_F(PasteDesktopTest, aWindowOfOursGetsTextAndGivesTheFocusBack)
 {
+    X11FocusReturn focusReturn;
+    const auto returnsFocus = [&focusReturn] {
+        auto answer = std::async([&] { return focusReturn.returnFocus(); });
+        EXPECT_TRUE(waitUntil([&] { return answer.wait_for(0s) == std::future_status::ready; }));
+        return answer.get();
+    };
     QPlainTextEdit editor;
-    editor.show();
-    ASSERT_TRUE(waitUntil([&] {
-        editor.activateWindow();
-        return editor.isActiveWindow();
-    }));
+    // By what the server says, of which Qt hears later.
+    const auto isActive = [this] {
+        return waitUntil([this] { return m_desktop.focusedClass().contains(u"paste_desktop"_s); },
+                         1s);
+    };
+    const auto activate = [&] {
+        editor.show();
+        EXPECT_TRUE(waitUntil([&] {
+            editor.activateWindow();
+            return isActive();
+        }));
+    };
+    activate();
     EXPECT_EQ(paste({shortText}), 1);
     EXPECT_EQ(editor.toPlainText(), QString::fromUtf8(shortText));
+    EXPECT_FALSE(returnsFocus());
+    open(u"mousepad"_s, {u"--disable-server"_s});
+    EXPECT_TRUE(returnsFocus());
+    activate();
+    EXPECT_TRUE(returnsFocus());
+    EXPECT_EQ(paste({shortText}), 1);
+    EXPECT_TRUE(holds(shortText));
+    m_editor.reset();
+    activate();
+    EXPECT_FALSE(returnsFocus());
 }
 
 TEST_F(PasteDesktopTest, featherpadGetsTextOnEveryLayoutWhateverIsHeld)

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// Remembers which window had the keyboard focus before one of ours took it.
+class FocusReturn
+{
+public:
+    FocusReturn() = default;
+    virtual ~FocusReturn();
+    FocusReturn(const FocusReturn &) = delete;
+    FocusReturn &operator=(const FocusReturn &) = delete;
+
+    // Gives the focus back to that window and returns when it has it, within a second; at once when
+    // none of our windows has the focus. False when there is no such window. Any thread but the
+    // main one.
+    [[nodiscard]] virtual bool returnFocus() = 0;
+};
