@@ -13,25 +13,44 @@ struct Row
     PasteChord chord;
 };
 
-// Every application that is not told by Control + V.
+// Every application that is not told by Control + V: terminals, and editors in which that is a
+// command of its own.
 constexpr Row table[] = {
     {"alacritty", PasteChord::ShiftInsert},
+    {"com.mitchellh.ghostty", PasteChord::ShiftInsert},
+    {"cool-retro-term", PasteChord::ShiftInsert},
+    {"deepin-terminal", PasteChord::ShiftInsert},
+    {"emacs", PasteChord::ShiftInsert},
+    {"ghostty", PasteChord::ShiftInsert},
     {"gnome-terminal", PasteChord::ShiftInsert},
     {"gnome-terminal-server", PasteChord::ShiftInsert},
+    {"guake", PasteChord::ShiftInsert},
+    {"gvim", PasteChord::ShiftInsert},
+    {"hyper", PasteChord::ShiftInsert},
+    {"kgx", PasteChord::ShiftInsert},
     {"kitty", PasteChord::ShiftInsert},
     {"konsole", PasteChord::ShiftInsert},
     {"lxterminal", PasteChord::ShiftInsert},
     {"mate-terminal", PasteChord::ShiftInsert},
+    {"org.gnome.console", PasteChord::ShiftInsert},
+    {"org.gnome.ptyxis", PasteChord::ShiftInsert},
+    {"org.wezfurlong.wezterm", PasteChord::ShiftInsert},
+    {"ptyxis", PasteChord::ShiftInsert},
     {"qterminal", PasteChord::ShiftInsert},
     {"rxvt", PasteChord::ShiftInsert},
     {"st", PasteChord::ShiftInsert},
     {"st-256color", PasteChord::ShiftInsert},
+    {"tabby", PasteChord::ShiftInsert},
     {"terminator", PasteChord::ShiftInsert},
+    {"terminology", PasteChord::ShiftInsert},
+    {"tilda", PasteChord::ShiftInsert},
     {"tilix", PasteChord::ShiftInsert},
     {"urxvt", PasteChord::ShiftInsert},
     {"uxterm", PasteChord::ShiftInsert},
+    {"wezterm", PasteChord::ShiftInsert},
     {"xfce4-terminal", PasteChord::ShiftInsert},
     {"xterm", PasteChord::ShiftInsert},
+    {"yakuake", PasteChord::ShiftInsert},
 };
 
 } // namespace

@@ -226,4 +226,65 @@ TEST_F(PasteDesktopTest, xtermGetsTextOnEveryLayoutWhateverIsHeld)
     pasteEverything();
 }
 
+TEST_F(PasteDesktopTest, gvimGetsTextInBothOfItsModes)
+{
+    m_isTerminal = true; // saved by a command of its own
+    open(u"gvim"_s, {u"-f"_s, u"-c"_s, u"set autowriteall"_s});
+    const auto save = [this] {
+        m_desktop.tap({escape});
+        m_desktop.tap({leftShift, 47}); // ":"
+        m_desktop.tap({25}); // "w"
+        m_desktop.tap({36}); // Return
+    };
+    EXPECT_EQ(paste({"normal "}), 1);
+    m_desktop.tap({leftShift, a}); // appends
+    EXPECT_EQ(paste({"insert"}), 1);
+    save();
+    EXPECT_TRUE(holds("normal insert\n")) << m_home.read(u"text.txt"_s).toStdString();
+}
+
+TEST_F(PasteDesktopTest, everyApplicationIsToldByItsOwnChord)
+{
+    const char *const toldByShiftInsert[] = {"Alacritty",
+                                             "com.mitchellh.ghostty",
+                                             "cool-retro-term",
+                                             "deepin-terminal",
+                                             "Emacs",
+                                             "Gnome-terminal",
+                                             "Guake",
+                                             "Gvim",
+                                             "Hyper",
+                                             "kgx",
+                                             "kitty",
+                                             "konsole",
+                                             "Lxterminal",
+                                             "Mate-terminal",
+                                             "ptyxis",
+                                             "qterminal",
+                                             "rxvt",
+                                             "st-256color",
+                                             "st",
+                                             "tabby",
+                                             "Terminator",
+                                             "terminology",
+                                             "Tilda",
+                                             "Tilix",
+                                             "URxvt",
+                                             "UXTerm",
+                                             "org.wezfurlong.wezterm",
+                                             "Xfce4-terminal",
+                                             "XTerm",
+                                             "yakuake",
+                                             "org.gnome.Ptyxis",
+                                             "org.gnome.Console",
+                                             "ghostty",
+                                             "wezterm"};
+    for (const auto *const name : toldByShiftInsert) {
+        const ForeignWindow window(name);
+        EXPECT_EQ(m_keyboard.pasteChordOfFocusedWindow(), PasteChord::ShiftInsert) << name;
+    }
+    const ForeignWindow window("Xtermination");
+    EXPECT_EQ(m_keyboard.pasteChordOfFocusedWindow(), PasteChord::ControlV);
+}
+
 } // namespace
