@@ -52,6 +52,10 @@ AppDelegate::AppDelegate(Backends backends)
     , m_globalHotKeys(*m_backends.hotKeys, *m_backends.modifiers, m_mainQueue, hotKeyCallbacks())
     , m_session(
           {*this, m_recorder, m_overlay, m_historyStore, m_mainQueue, m_tasks, dictationServices()})
+    , m_lockWatch(*m_backends.sessionLock,
+                  m_mainQueue,
+                  {[this] { return m_backends.keyboard->isHeldByAnother(); },
+                   [this](bool isLocked) { m_session.setLocked(isLocked); }})
 {}
 
 AppDelegate::~AppDelegate()
@@ -80,6 +84,7 @@ void AppDelegate::launch()
     m_globalHotKeys.installHotKeyHandler();
     m_globalHotKeys.registerHotKey();
     updateStatusTitle(StatusWords::ready);
+    m_lockWatch.start();
     m_backends.colorScheme->start(&Appearance::setColorScheme);
     m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
@@ -323,6 +328,7 @@ GlobalHotKeys::Callbacks AppDelegate::hotKeyCallbacks()
         .toggleRecording = [this] { m_session.toggleRecording(); },
         .cancelRecording = [this] { m_session.cancelRecording(); },
         .setToolTip = [this](const QString &text) { m_statusMenu.setToolTip(text); },
+        .isKeyboardHeld = [this] { return m_backends.keyboard->isHeldByAnother(); },
     };
 }
 
@@ -345,11 +351,13 @@ void AppDelegate::updateStatusTitle(QStringView word)
 void AppDelegate::registerEscapeCancelHotKey()
 {
     m_globalHotKeys.registerEscapeCancelHotKey();
+    m_lockWatch.watchKeyboard(true); // a recording runs
 }
 
 void AppDelegate::unregisterEscapeCancelHotKey()
 {
     m_globalHotKeys.unregisterEscapeCancelHotKey();
+    m_lockWatch.watchKeyboard(false);
 }
 
 void AppDelegate::refreshMainWindow()

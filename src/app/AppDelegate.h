@@ -12,6 +12,7 @@
 #include "GlobalHotKeys.h"
 #include "HistoryStore.h"
 #include "HttpSession.h"
+#include "LockWatch.h"
 #include "MainWindowController.h"
 #include "PasteTurns.h"
 #include "ShowWindowChannel.h"
@@ -88,6 +89,7 @@ private:
     StatusMenu m_statusMenu;
     GlobalHotKeys m_globalHotKeys;
     DictationSession m_session;
+    LockWatch m_lockWatch;
     std::unique_ptr<MainWindowController> m_mainWindowController;
     // Runs while a duplicate launch waits for the running instance's answer.
     std::unique_ptr<RepeatingTimer> m_handOverTimer;

@@ -3,6 +3,7 @@
 #include "Backends.h"
 
 #include "DBusColorSchemeWatch.h"
+#include "DBusSessionLock.h"
 #include "DBusTrayHostWatch.h"
 #include "MicrophonePermissionStore.h"
 #include "PulseAudioSystem.h"
@@ -26,6 +27,7 @@ Backends makeBackends()
         .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
         .clipboard = std::make_unique<X11Clipboard>(),
         .focusReturn = std::make_unique<X11FocusReturn>(),
+        .sessionLock = std::make_unique<DBusSessionLock>(),
         .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
         .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},

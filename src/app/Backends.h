@@ -8,6 +8,7 @@
 #include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
+#include "SessionLock.h"
 #include "SyntheticKeyboard.h"
 #include "TrayHostWatch.h"
 
@@ -25,6 +26,7 @@ struct Backends
     std::unique_ptr<SyntheticKeyboard> keyboard;
     std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<FocusReturn> focusReturn;
+    std::unique_ptr<SessionLock> sessionLock;
     std::unique_ptr<AudioSystem> audio;
     std::unique_ptr<ColorSchemeWatch> colorScheme;
     std::vector<std::unique_ptr<TrayHostWatch>> trayHosts;

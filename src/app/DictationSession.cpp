@@ -47,7 +47,7 @@ void DictationSession::toggleRecording()
 {
     if (isRecording())
         finishRecording();
-    else if (m_state == State::Idle)
+    else if (m_state == State::Idle && !m_isLocked)
         beginRecording();
 }
 
@@ -61,6 +61,16 @@ void DictationSession::cancelRecording()
     leaveRecording();
     m_host.updateStatusTitle(StatusWords::ready);
     showOverlayMessage(OverlayMessages::cancelled());
+}
+
+void DictationSession::setLocked(bool isLocked)
+{
+    m_isLocked = isLocked;
+    AppLogger::info("Session lock changed. locked="_L1 + flagText(isLocked));
+    if (isLocked && isRecording())
+        finishRecording();
+    else if (!isLocked && std::exchange(m_hasCopiedWhileLocked, false))
+        showOverlayMessage(OverlayMessages::failed(ProcessingFailureStage::AutoPaste));
 }
 
 void DictationSession::terminate()
@@ -226,14 +236,18 @@ void DictationSession::process(Recording &recording, AppConfig config)
         secrets << *polishedText;
         AppLogger::info("DeepSeek polish succeeded. outputChars="_L1
                         + QString::number(characterCount(*polishedText)));
+        bool isLocked = false;
         m_mainQueue.runAndWait([&] {
             keep(transcript, *polishedText);
             config = m_host.config();
+            isLocked = m_isLocked;
         });
         m_mainQueue.post([this] { m_host.updateStatusTitle(StatusWords::pasting); });
 
         stage = ProcessingFailureStage::AutoPaste;
         AppLogger::info(u"Auto paste started."_s);
+        if (isLocked)
+            throw HushwireError::pasteFailed(u"会话已锁定。"_s);
         timings.measure(stage, [&] { paste(config, *polishedText); });
         AppLogger::info(u"Auto paste succeeded."_s);
         AppLogger::info(timings.line());
@@ -294,6 +308,7 @@ void DictationSession::showProcessingFailure(const std::exception_ptr &error,
         if (isAccessibilityPermissionError(error))
             m_host.openAccessibilityPermissionSettings();
     }
+    m_hasCopiedWhileLocked |= m_isLocked && stage == ProcessingFailureStage::AutoPaste;
     showOverlayMessage(OverlayMessages::failed(stage));
 }
 

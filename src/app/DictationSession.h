@@ -55,6 +55,9 @@ public:
     void toggleRecording();
     // Escape: throws the recording away. Does nothing when not recording.
     void cancelRecording();
+    // While the session is locked nothing starts and nothing is typed: a recording ends as by the
+    // hotkey, and the user is told of its text when the session is unlocked.
+    void setLocked(bool isLocked);
     // Pastes a text of the history into the window that had the focus before ours; without one, or
     // on failure, it is left on the clipboard.
     void pasteHistoryText(const QString &text);
@@ -112,6 +115,8 @@ private:
     const DictationServices m_services;
 
     State m_state = State::Idle;
+    bool m_isLocked = false;
+    bool m_hasCopiedWhileLocked = false;
     // Changes with the displayed stage and when processing ends: retires stale slow messages.
     qint64 m_processingStageToken = 0;
     std::unique_ptr<RepeatingTimer> m_levelTimer;

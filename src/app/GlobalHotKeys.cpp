@@ -124,7 +124,8 @@ void GlobalHotKeys::handleModifierHotKeyEvent(const KeyEvent &event)
     const bool isDown = HotKeyFormatter::carbonValueContains(event.modifierFlags, hotKey.modifiers);
     const bool isPressed = isDown && !m_modifierHotKeyIsDown;
     m_modifierHotKeyIsDown = isDown;
-    if (isPressed)
+    // A combination does not even come to us then.
+    if (isPressed && !m_callbacks.isKeyboardHeld())
         m_callbacks.toggleRecording();
 }
 

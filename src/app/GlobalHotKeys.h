@@ -26,6 +26,8 @@ public:
         std::function<void()> toggleRecording;
         std::function<void()> cancelRecording;
         std::function<void(const QString &)> setToolTip;
+        // Whether another program holds the keyboard: its keys are none of ours then.
+        std::function<bool()> isKeyboardHeld;
     };
 
     GlobalHotKeys(HotKeyRegistrar &registrar,

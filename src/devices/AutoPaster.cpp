@@ -19,6 +19,10 @@ constexpr auto betweenAttempts = 10ms;
 // How long the application in front is given to fetch the text.
 constexpr auto longestDelivery = 1000ms;
 
+// How long an open menu is given to close.
+constexpr auto longestHold = 2000ms;
+constexpr auto betweenLooks = 20ms;
+
 // The chord for terminals reads the primary selection in most of them, the clipboard in some.
 ClipboardSelections selectionsReadBy(PasteChord chord)
 {
@@ -40,12 +44,26 @@ void AutoPaster::paste(const QString &text, PasteDelivery::Handler delivered) co
         throw HushwireError::permissionMissing(u"需要辅助功能权限"_s);
     const auto delivery =
         std::make_shared<PasteDelivery>(m_desktop.turns.take(), std::move(delivered));
-    const auto chord = keyboard.pasteChordOfFocusedWindow();
+    const auto chord = awaitChord();
     offer(text, chord, delivery);
     delivery->begin();
     if (!keyboard.post(chord))
         throw HushwireError::pasteFailed(u"无法创建自动粘贴事件。"_s);
     m_desktop.mainQueue.postAfter(longestDelivery, [delivery] { delivery->giveUp(); });
+}
+
+PasteChord AutoPaster::awaitChord() const
+{
+    const auto deadline = std::chrono::steady_clock::now() + longestHold;
+    auto chord = m_desktop.keyboard.pasteChordOfFocusedWindow();
+    while (!chord) {
+        if (std::chrono::steady_clock::now() > deadline)
+            throw HushwireError::pasteFailed(u"键盘被其他程序占用。"_s);
+        std::this_thread::sleep_for(betweenLooks);
+        m_desktop.mainQueue.runAndWait([] {}); // the application may be quitting
+        chord = m_desktop.keyboard.pasteChordOfFocusedWindow();
+    }
+    return *chord;
 }
 
 void AutoPaster::offer(const QString &text,

@@ -28,12 +28,14 @@ public:
     AutoPaster(const PasteConfig &config, const Desktop &desktop);
 
     // Returns when the chord's events have been posted, after the pastes before have been delivered
-    // or given up. Unless it throws, `delivered` is then told what became of it, at most a second
-    // later. Any thread but the main one. Throws HushwireError::permissionMissing (the clipboard is
-    // then untouched), HushwireError::pasteFailed or CancelledError.
+    // or given up, and once no other program holds the keyboard: that is waited for two seconds.
+    // Unless it throws, `delivered` is then told what became of it, at most a second later. Any
+    // thread but the main one. Throws HushwireError::permissionMissing (the clipboard is then
+    // untouched), HushwireError::pasteFailed or CancelledError.
     void paste(const QString &text, PasteDelivery::Handler delivered) const;
 
 private:
+    [[nodiscard]] PasteChord awaitChord() const;
     void offer(const QString &text,
                PasteChord chord,
                const std::shared_ptr<PasteDelivery> &delivery) const;

@@ -8,6 +8,7 @@
 #include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
+#include "SessionLock.h"
 #include "SyntheticKeyboard.h"
 #include "TrayHostWatch.h"
 
@@ -18,5 +19,6 @@ ColorSchemeWatch::~ColorSchemeWatch() = default;
 FocusReturn::~FocusReturn() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;
+SessionLock::~SessionLock() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
 TrayHostWatch::~TrayHostWatch() = default;

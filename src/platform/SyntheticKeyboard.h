@@ -4,6 +4,8 @@
 
 #include "PasteChord.h"
 
+#include <optional>
+
 // Posts key events to whichever application has the focus, as if typed. Safe from any thread.
 class SyntheticKeyboard
 {
@@ -15,8 +17,12 @@ public:
 
     // Whether the display lets this process post input at all.
     [[nodiscard]] virtual bool isTrusted() const = 0;
-    // The chord by which the window that has the focus now pastes.
-    [[nodiscard]] virtual PasteChord pasteChordOfFocusedWindow() = 0;
+    // Whether another program holds the keyboard, as an open menu or a screen locker does: what is
+    // typed then does not reach the application in front.
+    [[nodiscard]] virtual bool isHeldByAnother() = 0;
+    // The chord by which the window that has the focus now pastes; absent while another program
+    // holds the keyboard.
+    [[nodiscard]] virtual std::optional<PasteChord> pasteChordOfFocusedWindow() = 0;
     // Posts the chord's key-down and key-up events. Modifiers the user holds are waited for at most
     // 100 ms, then lifted around the chord and restored if still held. False when the keys of the
     // chord cannot be had; nothing is typed then.

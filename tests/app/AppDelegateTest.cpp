@@ -5,6 +5,7 @@
 #include "FakeClipboard.h"
 #include "FakeHotKeyRegistrar.h"
 #include "FakeModifierMonitor.h"
+#include "FakeSessionLock.h"
 #include "FakeSyntheticKeyboard.h"
 #include "LoggedLines.h"
 #include "UrlCatcher.h"
@@ -46,6 +47,7 @@ protected:
             .keyboard = std::move(keyboard),
             .clipboard = std::make_unique<FakeClipboard>(),
             .focusReturn = {},
+            .sessionLock = std::make_unique<FakeSessionLock>(),
             .audio = std::make_unique<FakeAudioSystem>(),
             .colorScheme = std::make_unique<NoColorScheme>(),
             .trayHosts = {},

@@ -116,6 +116,8 @@ protected:
             {u"refuse"_s, [&] { audio.canRecord = false; }},
             {u"fetch"_s, [&] { reportDelivery(12ms); }},
             {u"ignore"_s, [&] { reportDelivery({}); }},
+            {u"lock"_s, [&] { session.setLocked(true); }},
+            {u"unlock"_s, [&] { session.setLocked(false); }},
             {u"dismiss"_s, [&] { host.alerts.clear(), host.dismissAlert(); }},
         };
         const auto found = steps.find(step);
@@ -309,6 +311,19 @@ TEST_F(DictationSessionTest, AFailureIsLoggedWithItsStageAndWithoutWhatTheServic
     for (const auto &secret :
          {u"ship it"_s, u"voice-key"_s, u"polish-key"_s, u"changed-key"_s, u"u6211"_s})
         EXPECT_FALSE(logged().contains(secret)) << qPrintable(secret);
+}
+
+TEST_F(DictationSessionTest, ALockEndsARecordingWhoseTextIsKeptAndToldOfAfterwards)
+{
+    EXPECT_EQ(play(u"lock press unlock"_s), u"= > = > ="_s);
+    EXPECT_FALSE(logged().contains(u"Recording requested."_s));
+    EXPECT_EQ(play(u"start lock ok"_s), u"R > A > P"_s);
+    answer();
+    EXPECT_TRUE(queue.runUntil([this] { return host.statusWords.endsWith(u"听"_s); }));
+    EXPECT_TRUE(pasted.isEmpty());
+    EXPECT_EQ(history.items().size(), 1);
+    EXPECT_EQ(play(u"3600000 unlock 1799 1"_s),
+              u"听 - copied > 听 已复制到剪贴板 copied > = > 听 - copied"_s);
 }
 
 TEST_F(DictationSessionTest, TheOverlayFollowsTheLevelWhileRecording)

@@ -28,6 +28,7 @@ protected:
     HotKeyConfig m_hotKey;
     std::vector<std::string> m_actions;
     QString m_toolTip;
+    bool m_isKeyboardHeld = false;
     FakeHotKeyRegistrar m_registrar;
     FakeModifierMonitor m_monitor;
     VirtualMainQueue m_queue;
@@ -38,7 +39,8 @@ protected:
         GlobalHotKeys::Callbacks{[this]() -> const HotKeyConfig & { return m_hotKey; },
                                  [this] { m_actions.emplace_back("toggle"); },
                                  [this] { m_actions.emplace_back("cancel"); },
-                                 [this](const QString &text) { m_toolTip = text; }});
+                                 [this](const QString &text) { m_toolTip = text; },
+                                 [this] { return m_isKeyboardHeld; }});
 };
 
 TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)
@@ -140,6 +142,13 @@ TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
         m_queue.runReady();
         EXPECT_EQ(m_actions.size(), toggles);
     }
+    // In a password box of a locked screen.
+    m_isKeyboardHeld = true;
+    m_monitor.send(61, 0);
+    m_monitor.send(61, option);
+    m_queue.runReady();
+    EXPECT_EQ(m_actions.size(), 3U);
+    m_isKeyboardHeld = false;
     // Registering again forgets that the key is down.
     m_hotKeys->registerHotKey();
     m_monitor.send(61, option);

@@ -75,7 +75,8 @@ protected:
                             {[this]() -> const HotKeyConfig & { return m_hotKey; },
                              [this] { ++m_toggles; },
                              [] {},
-                             [](const QString &) {}}};
+                             [](const QString &) {},
+                             [] { return false; }}};
     HotKeyCaptureButton m_button{&charactersTypedBy};
 };
 

@@ -14,10 +14,13 @@
 #include "X11SyntheticKeyboard.h"
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
 
 using namespace Key;
 using namespace Qt::StringLiterals;
@@ -224,6 +227,28 @@ TEST_F(PasteDesktopTest, xtermGetsTextOnEveryLayoutWhateverIsHeld)
     m_isTerminal = true;
     open(u"xterm"_s, {u"-e"_s, u"sh"_s, u"-c"_s, u"stty -icanon -echo -isig; cat > \"$0\""_s});
     pasteEverything();
+}
+
+TEST_F(PasteDesktopTest, nothingIsTypedWhileAnotherHoldsTheKeyboard)
+{
+    ForeignWindow window("editor");
+    auto *const server = m_other.get();
+    const auto hold = [&] {
+        xcb_grab_keyboard(server, 0, m_other.root(), XCB_CURRENT_TIME, 1, 1);
+        static_cast<void>(X11Selections::owner(server, XCB_ATOM_PRIMARY)); // it is done now
+    };
+    EXPECT_FALSE(m_keyboard.isHeldByAnother());
+    EXPECT_EQ(window.focusChanges, 0);
+    hold();
+    EXPECT_TRUE(m_keyboard.isHeldByAnother());
+    // An open menu, which closes soon.
+    QTimer::singleShot(500, [&] {
+        EXPECT_TRUE(window.presses.empty());
+        xcb_ungrab_keyboard(server, XCB_CURRENT_TIME);
+        xcb_flush(server);
+    });
+    EXPECT_EQ(paste({"text"}), 0);
+    EXPECT_THAT(window.presses, testing::ElementsAre(leftControl, v));
 }
 
 TEST_F(PasteDesktopTest, gvimGetsTextInBothOfItsModes)

@@ -6,6 +6,7 @@
 #include "FakeSyntheticKeyboard.h"
 #include "Outcome.h"
 #include "VirtualMainQueue.h"
+#include "WaitUntil.h"
 
 #include <QStringList>
 
@@ -77,7 +78,13 @@ TEST_F(AutoPasterTest, pastesGoOneAtATimeAndAreGivenASecond)
     queue.advance(5s);
     EXPECT_EQ(results, (QStringList{u"A not fetched"_s, u"B fetched"_s}));
     tasks.waitForDone();
+    // An open menu is waited for, two seconds.
+    keyboard.isHeld = true;
+    EXPECT_GE(millisecondsOf([this] { EXPECT_ANY_THROW(paste(u"Z"_s)); }), 2000);
+    EXPECT_EQ(clipboard.text, u"B"_s);
+    EXPECT_EQ(keyboard.posted, 2);
     // The turn of a paste that failed, or was given up with the queue, is over too.
+    keyboard.isHeld = false;
     keyboard.canPost = false;
     EXPECT_ANY_THROW(paste(u"C"_s));
     keyboard.canPost = true;

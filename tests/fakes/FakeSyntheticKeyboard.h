@@ -4,12 +4,18 @@
 
 #include "SyntheticKeyboard.h"
 
+#include <atomic>
+
 // A synthetic keyboard that only counts what it is asked to post.
 class FakeSyntheticKeyboard final : public SyntheticKeyboard
 {
 public:
     [[nodiscard]] bool isTrusted() const override { return trusted; }
-    [[nodiscard]] PasteChord pasteChordOfFocusedWindow() override { return PasteChord::ControlV; }
+    [[nodiscard]] bool isHeldByAnother() override { return isHeld; }
+    [[nodiscard]] std::optional<PasteChord> pasteChordOfFocusedWindow() override
+    {
+        return isHeld ? std::nullopt : std::optional(PasteChord::ControlV);
+    }
     [[nodiscard]] bool post(PasteChord) override
     {
         posted += canPost ? 1 : 0;
@@ -18,5 +24,6 @@ public:
 
     bool trusted = true;
     bool canPost = true;
+    std::atomic<bool> isHeld = false;
     int posted = 0;
 };

@@ -72,10 +72,20 @@ bool X11SyntheticKeyboard::isTrusted() const
     return m_input.canPost();
 }
 
-PasteChord X11SyntheticKeyboard::pasteChordOfFocusedWindow()
+bool X11SyntheticKeyboard::isHeldByAnother()
+{
+    m_input.yieldKeyboard();
+    return focusedApplication(m_input.connection()).isKeyboardHeld;
+}
+
+std::optional<PasteChord> X11SyntheticKeyboard::pasteChordOfFocusedWindow()
 {
     const std::lock_guard lock(m_mutex);
-    const auto chord = pasteChordOf(focusedApplicationNames(m_input.connection()));
+    m_input.yieldKeyboard();
+    const auto application = focusedApplication(m_input.connection());
+    if (application.isKeyboardHeld)
+        return std::nullopt;
+    const auto chord = pasteChordOf(application.names);
     m_map = readMap();
     return m_map && m_map->keyTyping(XK_v) ? chord : PasteChord::ShiftInsert;
 }

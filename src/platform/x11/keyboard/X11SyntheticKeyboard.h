@@ -18,7 +18,8 @@ public:
     ~X11SyntheticKeyboard() override;
 
     [[nodiscard]] bool isTrusted() const override;
-    [[nodiscard]] PasteChord pasteChordOfFocusedWindow() override;
+    [[nodiscard]] bool isHeldByAnother() override;
+    [[nodiscard]] std::optional<PasteChord> pasteChordOfFocusedWindow() override;
     [[nodiscard]] bool post(PasteChord chord) override;
 
 private:
