@@ -45,7 +45,7 @@ private:
     void drawStatus(QPainter &painter) const;
     void drawShadows(QPainter &painter);
     void drawWaveform(QPainter &painter) const;
-    void drawText(QPainter &painter, const QRectF &rect, const QColor &color) const;
+    void drawText(QPainter &painter, const QRectF &rect, qreal inset, const QColor &color) const;
 
     MainQueue &m_queue;
     VoiceOverlayMode m_mode = VoiceOverlayMode::recording(QStringLiteral("默认麦克风"));
