@@ -33,7 +33,7 @@ QList<qsizetype> widgetsOfPages(const QWidget &window)
 void holdWindow(const QStringList &arguments)
 {
     HistoryStore store;
-    MainWindowController controller(store, {});
+    MainWindowController controller(store, {}, {});
     std::unique_ptr<BareWindow> bare;
     QList<qsizetype> counts;
     for (const auto &count : arguments.mid(1))

@@ -129,8 +129,9 @@ void WindowBenchmark::measureHistory()
     QStringList texts;
     for (const auto &item : store.items())
         texts.append(item.polished);
+    const MainWindowCallbacks callbacks;
     for (int run = 0; run < runs; ++run) {
-        auto *page = new HistoryPage(store);
+        auto *page = new HistoryPage(store, callbacks);
         PageWindow window(page);
         opened.values.push_back(window.open([&] { page->reloadHistory(); }));
         scrolled.values.push_back(window.scroll(*page->findChild<QAbstractScrollArea *>()));
@@ -157,7 +158,7 @@ void WindowBenchmark::measureDictionary()
     QStringList terms;
     for (int i = 0; i < 300; ++i)
         terms << (i % 2 == 0 ? u"热词 %1"_s : u"term number %1"_s).arg(i * i * i);
-    auto *cloud = new DictionaryChipCloudView;
+    auto *cloud = new DictionaryChipCloudView([](const QString &) {});
     PageWindow window(cloud);
     window.open([&] { cloud->setTerms(terms); });
     for (int run = 0; run < runs; ++run) {
@@ -195,7 +196,7 @@ void WindowBenchmark::measureWindow()
     HistoryStore store;
     const AppConfig config;
     for (int run = 0; run < runs; ++run) {
-        MainWindowController controller(store, {});
+        MainWindowController controller(store, {}, {});
         const auto show = [&]() -> QWidget & {
             controller.show(config, MainWindowPage::GettingStarted);
             return mainWindow();

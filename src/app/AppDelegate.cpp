@@ -242,28 +242,9 @@ MainWindowController &AppDelegate::mainWindow()
     if (m_mainWindowController)
         return *m_mainWindowController;
     Appearance::install();
-    m_mainWindowController =
-        std::make_unique<MainWindowController>(m_historyStore, m_backends.keyCharacters);
-    auto &window = *m_mainWindowController;
-    window.onAPIKeysSave = [this](const QString &doubaoAPIKey, const QString &deepSeekAPIKey) {
-        updateAPIKeys(doubaoAPIKey, deepSeekAPIKey);
-    };
-    window.onHotKeyChange = [this](const HotKeyConfig &hotKey) { updateHotKey(hotKey); };
-    window.onHotKeyCaptureChange = [this](bool isCapturing) {
-        if (isCapturing)
-            m_globalHotKeys.suspendHotKey();
-        else
-            m_globalHotKeys.resumeHotKey();
-    };
-    window.onPromptSettingsChange = [this](const PromptSettings &prompts, const QString &text) {
-        updatePromptSettings(prompts, text);
-    };
-    window.onPersonalDictionaryChange = [this](const PersonalDictionaryConfig &dictionary) {
-        updatePersonalDictionary(dictionary);
-    };
-    window.onPasteHistory = [this](const QString &text) { m_session.pasteHistoryText(text); };
-    window.onOpenLogFolder = &AppLogger::openLogFolder;
-    return window;
+    m_mainWindowController = std::make_unique<MainWindowController>(
+        m_historyStore, m_backends.keyCharacters, windowCallbacks());
+    return *m_mainWindowController;
 }
 
 void AppDelegate::showGettingStarted()
@@ -339,6 +320,34 @@ StatusMenuActions AppDelegate::menuActions()
         .openLogFolder = [] { AppLogger::openLogFolder(); },
         .quit = [] { QCoreApplication::quit(); },
         .activate = [this] { applicationShouldHandleReopen(); },
+    };
+}
+
+MainWindowCallbacks AppDelegate::windowCallbacks()
+{
+    return {
+        .onAPIKeysSave =
+            [this](const QString &doubaoAPIKey, const QString &deepSeekAPIKey) {
+                updateAPIKeys(doubaoAPIKey, deepSeekAPIKey);
+            },
+        .onHotKeyChange = [this](const HotKeyConfig &hotKey) { updateHotKey(hotKey); },
+        .onHotKeyCaptureChange =
+            [this](bool isCapturing) {
+                if (isCapturing)
+                    m_globalHotKeys.suspendHotKey();
+                else
+                    m_globalHotKeys.resumeHotKey();
+            },
+        .onPromptSettingsChange =
+            [this](const PromptSettings &prompts, const QString &text) {
+                updatePromptSettings(prompts, text);
+            },
+        .onPersonalDictionaryChange =
+            [this](const PersonalDictionaryConfig &dictionary) {
+                updatePersonalDictionary(dictionary);
+            },
+        .onPasteHistory = [this](const QString &text) { m_session.pasteHistoryText(text); },
+        .onOpenLogFolder = &AppLogger::openLogFolder,
     };
 }
 

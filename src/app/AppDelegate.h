@@ -73,6 +73,7 @@ private:
     [[nodiscard]] DictationServices dictationServices();
     [[nodiscard]] GlobalHotKeys::Callbacks hotKeyCallbacks();
     [[nodiscard]] StatusMenuActions menuActions();
+    [[nodiscard]] MainWindowCallbacks windowCallbacks();
 
     // In building order: what stands further down uses what stands above.
     AppConfig m_config;

@@ -74,7 +74,7 @@ protected:
 TEST_F(AppDelegateTest, SavesAndAppliesWhatTheWindowReportsAndShowsWhatCannotBeSaved)
 {
     launch();
-    auto &window = delegate->mainWindow();
+    const auto &window = delegate->mainWindow().callbacks();
     const HotKeyConfig hotKey{40, 0x1800, u"⌃⌥K"_s};
     const PromptSettings prompts{u"builtin.script"_s, {{u"custom.1"_s, u"我的"_s, u"简短。"_s}}};
     // What is reported, and what is logged of it.

@@ -5,6 +5,7 @@
 #include "AppLogger.h"
 #include "ClosureButton.h"
 #include "InterfaceFont.h"
+#include "MainWindowCallbacks.h"
 #include "SelectableTextLine.h"
 #include "SeparatorLine.h"
 #include "TextLabel.h"
@@ -66,14 +67,6 @@ QLayout *makeMakerHeading(const QString &name)
     return layout;
 }
 
-// A card around a stack.
-QWidget *makePanel(QLayout *stack)
-{
-    auto *content = new QWidget;
-    content->setLayout(stack);
-    return ViewBuilders::makePanel(content);
-}
-
 QWidget *makeContactPanel(const ContactDetails &details)
 {
     const ContactRow rows[] = {
@@ -94,30 +87,7 @@ QWidget *makeContactPanel(const ContactDetails &details)
     return makePanel(layout);
 }
 
-} // namespace
-
-ContactPage::ContactPage(const ContactDetails &details)
-{
-    auto *content = new QWidget;
-    auto *layout = makeStack(0);
-    layout->setContentsMargins(44, 46, 44, 44);
-    layout->addWidget(makeTitleBlock(
-        u"联系作者"_s, u"有问题、建议、合作想法，或者想获取后续更新，可以通过下面方式找到我。"_s));
-    layout->addSpacing(32);
-    if (details != ContactDetails()) {
-        layout->addWidget(makeContactPanel(details));
-        layout->addSpacing(18);
-    }
-    layout->addWidget(makeDiagnosticsPanel());
-    layout->addStretch();
-    // The cards of all details are higher than the smallest window.
-    content->setLayout(layout);
-    auto *pageLayout = makeStack(0);
-    pageLayout->addWidget(makeScrollView(content));
-    setLayout(pageLayout);
-}
-
-QWidget *ContactPage::makeDiagnosticsPanel()
+QWidget *makeDiagnosticsPanel(const MainWindowCallbacks &callbacks)
 {
     auto *layout = makeStack(12);
     layout->addWidget(
@@ -130,11 +100,32 @@ QWidget *ContactPage::makeDiagnosticsPanel()
                                              monospacedFont(13),
                                              SemanticColor::SecondaryLabel,
                                              Qt::ElideMiddle));
-    auto *button = new ClosureButton(u"打开日志文件夹"_s, ClosureButton::Style::Rounded, [this] {
-        if (onOpenLogFolder)
-            onOpenLogFolder();
-    });
+    auto *button = new ClosureButton(
+        u"打开日志文件夹"_s, ClosureButton::Style::Rounded, callbacks.onOpenLogFolder);
     button->setFixedWidth(openButtonWidth);
     layout->addWidget(button, 0, Qt::AlignLeading);
     return makePanel(layout);
+}
+
+} // namespace
+
+ContactPage::ContactPage(const MainWindowCallbacks &callbacks, const ContactDetails &details)
+{
+    auto *content = new QWidget;
+    auto *layout = makeStack(0);
+    layout->setContentsMargins(44, 46, 44, 44);
+    layout->addWidget(makeTitleBlock(
+        u"联系作者"_s, u"有问题、建议、合作想法，或者想获取后续更新，可以通过下面方式找到我。"_s));
+    layout->addSpacing(32);
+    if (details != ContactDetails()) {
+        layout->addWidget(makeContactPanel(details));
+        layout->addSpacing(18);
+    }
+    layout->addWidget(makeDiagnosticsPanel(callbacks));
+    layout->addStretch();
+    // The cards of all details are higher than the smallest window.
+    content->setLayout(layout);
+    auto *pageLayout = makeStack(0);
+    pageLayout->addWidget(makeScrollView(content));
+    setLayout(pageLayout);
 }

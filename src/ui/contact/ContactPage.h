@@ -6,17 +6,12 @@
 
 #include <QWidget>
 
-#include <functional>
+struct MainWindowCallbacks;
 
 // The page that says how to reach the maker and where the log is.
 class ContactPage final : public QWidget
 {
 public:
-    explicit ContactPage(const ContactDetails &details = buildContactDetails());
-
-    // May be empty.
-    std::function<void()> onOpenLogFolder;
-
-private:
-    [[nodiscard]] QWidget *makeDiagnosticsPanel();
+    explicit ContactPage(const MainWindowCallbacks &callbacks,
+                         const ContactDetails &details = buildContactDetails());
 };

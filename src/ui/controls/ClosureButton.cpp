@@ -28,10 +28,7 @@ ClosureButton::ClosureButton(const QString &title, Style style, std::function<vo
         setCursor(Qt::PointingHandCursor);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
-    connect(this, &QPushButton::clicked, this, [this] {
-        if (onClick)
-            onClick();
-    });
+    connect(this, &QPushButton::clicked, this, [this] { onClick(); });
 }
 
 QSize ClosureButton::sizeHint() const

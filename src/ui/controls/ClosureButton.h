@@ -18,9 +18,9 @@ public:
 
     explicit ClosureButton(const QString &title,
                            Style style = Style::Rounded,
-                           std::function<void()> action = {});
+                           std::function<void()> action = [] {});
 
-    // May be empty.
+    // Never empty.
     std::function<void()> onClick;
 
     [[nodiscard]] QSize sizeHint() const override;

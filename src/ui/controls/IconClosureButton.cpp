@@ -28,10 +28,7 @@ IconClosureButton::IconClosureButton(QString symbolName,
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setFixedSize(buttonSize);
-    connect(this, &QAbstractButton::clicked, this, [this] {
-        if (onClick)
-            onClick();
-    });
+    connect(this, &QAbstractButton::clicked, this, [this] { onClick(); });
 }
 
 QSize IconClosureButton::sizeHint() const

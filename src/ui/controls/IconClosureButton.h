@@ -12,9 +12,9 @@
 class IconClosureButton final : public QAbstractButton
 {
 public:
-    IconClosureButton(QString symbolName, const QString &title, std::function<void()> action = {});
+    IconClosureButton(QString symbolName, const QString &title, std::function<void()> action = [] {});
 
-    // May be empty.
+    // Never empty.
     std::function<void()> onClick;
 
     // From 0 (invisible) to 1. Does not keep it from being used.

@@ -57,6 +57,13 @@ QWidget *ViewBuilders::makePanel(QWidget *content)
     return new Panel(content);
 }
 
+QWidget *ViewBuilders::makePanel(QLayout *content)
+{
+    auto *view = new QWidget;
+    view->setLayout(content);
+    return makePanel(view);
+}
+
 TextLabel *ViewBuilders::makeLabel(const QString &text, const QFont &font, SemanticColor color)
 {
     return new TextLabel(text, font, color);

@@ -11,6 +11,7 @@
 class ClosureButton;
 class QFont;
 class QHBoxLayout;
+class QLayout;
 class QScrollArea;
 class QVBoxLayout;
 class QWidget;
@@ -27,8 +28,9 @@ namespace ViewBuilders {
 [[nodiscard]] QWidget *makeTitleBlock(const QString &title, const QString &subtitle);
 // A section's heading: the title with the subtitle 6 below it.
 [[nodiscard]] QWidget *makeSectionHeader(const QString &title, const QString &subtitle);
-// A card around one view, with 22 at its sides and 20 above and below. Takes the view over.
+// A card around one view or layout, with 22 at its sides and 20 above and below. Takes it over.
 [[nodiscard]] QWidget *makePanel(QWidget *content);
+[[nodiscard]] QWidget *makePanel(QLayout *content);
 // A line of text in an interface font.
 [[nodiscard]] TextLabel *makeLabel(const QString &text, const QFont &font, SemanticColor color);
 // The same, as wide as it is given and as high as its lines.

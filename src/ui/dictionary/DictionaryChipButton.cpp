@@ -29,8 +29,8 @@ QString toolTipText(const QString &text)
 } // namespace
 
 DictionaryChipButton::DictionaryChipButton(const QString &term,
-                                           std::function<void(const QString &)> action)
-    : onDelete(std::move(action))
+                                           std::function<void(const QString &)> onDelete)
+    : m_onDelete(std::move(onDelete))
     , m_term(term)
 {
     const auto toolTip = u"删除 "_s + term;
@@ -46,7 +46,7 @@ DictionaryChipButton::DictionaryChipButton(const QString &term,
     const auto titleWidth = fontMetrics().horizontalAdvance(title);
     m_chipSize = {std::clamp(titleWidth + sideMargins, minWidth, maxWidth), chipHeight};
     m_shownTitle = fontMetrics().elidedText(title, Qt::ElideRight, maxWidth - sideMargins);
-    connect(this, &QAbstractButton::clicked, this, [this] { deleteTerm(); });
+    connect(this, &QAbstractButton::clicked, this, [this] { m_onDelete(m_term); });
 }
 
 const QString &DictionaryChipButton::term() const
@@ -62,12 +62,6 @@ QSize DictionaryChipButton::chipSize() const
 QSize DictionaryChipButton::sizeHint() const
 {
     return m_chipSize;
-}
-
-void DictionaryChipButton::deleteTerm()
-{
-    if (onDelete)
-        onDelete(m_term);
 }
 
 void DictionaryChipButton::paintEvent(QPaintEvent *)

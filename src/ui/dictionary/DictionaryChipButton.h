@@ -11,11 +11,8 @@
 class DictionaryChipButton final : public QAbstractButton
 {
 public:
-    explicit DictionaryChipButton(const QString &term,
-                                  std::function<void(const QString &term)> action = {});
-
-    // Called by a press. May be empty.
-    std::function<void(const QString &term)> onDelete;
+    // onDelete is called with the term by a press.
+    DictionaryChipButton(const QString &term, std::function<void(const QString &term)> onDelete);
 
     [[nodiscard]] const QString &term() const;
     // 30 high and between 58 and 220 wide.
@@ -26,9 +23,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void deleteTerm();
     void paintPill(QPainter &painter) const;
 
+    std::function<void(const QString &term)> m_onDelete;
     QString m_term;
     QString m_shownTitle;
     QSize m_chipSize;

@@ -25,8 +25,9 @@ constexpr int emptyLabelHeight = 36;
 
 } // namespace
 
-DictionaryChipCloudView::DictionaryChipCloudView()
-    : m_emptyLabel(ViewBuilders::makeWrappingLabel(
+DictionaryChipCloudView::DictionaryChipCloudView(std::function<void(const QString &)> onDelete)
+    : m_onDelete(std::move(onDelete))
+    , m_emptyLabel(ViewBuilders::makeWrappingLabel(
         u"还没有添加词。可以先试试：Wrenfold、DeepSeek、Claude Code、Cursor。"_s,
         interfaceFont(13),
         SemanticColor::SecondaryLabel))
@@ -92,10 +93,7 @@ void DictionaryChipCloudView::showEvent(QShowEvent *)
 
 DictionaryChipButton *DictionaryChipCloudView::makeChip(const QString &term)
 {
-    auto *chip = new DictionaryChipButton(term, [this](const QString &pressed) {
-        if (onDelete)
-            onDelete(pressed);
-    });
+    auto *chip = new DictionaryChipButton(term, m_onDelete);
     chip->setParent(this);
     chip->show();
     return chip;

@@ -15,10 +15,8 @@ class TextLabel;
 class DictionaryChipCloudView final : public QWidget
 {
 public:
-    DictionaryChipCloudView();
-
-    // Called with the term whose chip was pressed. May be empty.
-    std::function<void(const QString &term)> onDelete;
+    // Called with the term whose chip was pressed.
+    explicit DictionaryChipCloudView(std::function<void(const QString &term)> onDelete);
 
     // Shows these terms, in order. When the chip that has the keyboard focus goes, the next one
     // gets it.
@@ -40,6 +38,7 @@ private:
     void focusChip(std::ptrdiff_t position);
     void layoutChips();
 
+    std::function<void(const QString &term)> m_onDelete;
     std::vector<DictionaryChipButton *> m_chipButtons;
     TextLabel *m_emptyLabel;
 };

@@ -6,6 +6,7 @@
 #include "ClosureButton.h"
 #include "DictionaryChipCloudView.h"
 #include "InterfaceFont.h"
+#include "MainWindowCallbacks.h"
 #include "PasteEnabledTextField.h"
 #include "TextLabel.h"
 #include "ViewBuilders.h"
@@ -24,9 +25,11 @@ constexpr int minCloudHeight = 260;
 
 } // namespace
 
-DictionaryPage::DictionaryPage()
-    : m_newTermField(new PasteEnabledTextField)
-    , m_chipCloudView(new DictionaryChipCloudView)
+DictionaryPage::DictionaryPage(const MainWindowCallbacks &callbacks)
+    : m_callbacks(callbacks)
+    , m_newTermField(new PasteEnabledTextField)
+    , m_chipCloudView(new DictionaryChipCloudView(
+          [this](const QString &term) { deletePersonalDictionaryTerm(term); }))
     , m_statusLabel(makeLabel({}, interfaceFont(12), SemanticColor::TertiaryLabel))
 {
     auto *contentLayout = makeStack(24);
@@ -58,9 +61,7 @@ QWidget *DictionaryPage::makeTermsPanel()
         makeLabel(u"已添加词库"_s, interfaceFont(15, QFont::DemiBold), SemanticColor::Label));
     layout->addWidget(makeChipScrollView(), 1);
     layout->addWidget(m_statusLabel);
-    auto *content = new QWidget;
-    content->setLayout(layout);
-    return makePanel(content);
+    return makePanel(layout);
 }
 
 QLayout *DictionaryPage::makeInputRow()
@@ -83,7 +84,6 @@ QLayout *DictionaryPage::makeInputRow()
 QWidget *DictionaryPage::makeChipScrollView()
 {
     setAccessibleRole(*m_chipCloudView, QAccessible::Grouping, u"已添加词库"_s);
-    m_chipCloudView->onDelete = [this](const QString &term) { deletePersonalDictionaryTerm(term); };
     auto *view = makeScrollView(m_chipCloudView);
     view->setMinimumHeight(minCloudHeight);
     connect(qApp, &QApplication::focusChanged, view, [this, view](QWidget *, QWidget *focused) {
@@ -122,7 +122,7 @@ void DictionaryPage::addPersonalDictionaryTerms()
     m_newTermField->clear();
     reloadDictionaryList();
     updateDictionaryStatus(true);
-    report();
+    m_callbacks.onPersonalDictionaryChange(m_personalDictionary);
     if (m_personalDictionary.terms.size() == formerCount)
         m_statusLabel->setText(u"这些词已经在词库里。"_s);
 }
@@ -141,7 +141,7 @@ void DictionaryPage::deletePersonalDictionaryTerm(const QString &term)
     if (isByKeyboard && m_personalDictionary.terms.isEmpty())
         m_newTermField->setFocus();
     updateDictionaryStatus(true);
-    report();
+    m_callbacks.onPersonalDictionaryChange(m_personalDictionary);
 }
 
 void DictionaryPage::updateDictionaryStatus(bool saved)
@@ -154,10 +154,4 @@ void DictionaryPage::updateDictionaryStatus(bool saved)
             u"%1 %2 个词。最多保存 %3 个。"_s.arg(saved ? u"已保存"_s : u"当前"_s)
                 .arg(count)
                 .arg(PersonalDictionaryConfig::maxTerms));
-}
-
-void DictionaryPage::report() const
-{
-    if (onPersonalDictionaryChange)
-        onPersonalDictionaryChange(m_personalDictionary);
 }

@@ -6,28 +6,24 @@
 
 #include <QWidget>
 
-#include <functional>
-
 class DictionaryChipCloudView;
 class PasteEnabledTextField;
 class QScrollArea;
 class TextLabel;
+struct MainWindowCallbacks;
 
 // The page on which the personal dictionary grows: terms are added as free text and deleted by
 // their chips. It keeps a working copy and reports every change of it.
 class DictionaryPage final : public QWidget
 {
 public:
-    DictionaryPage();
+    // The callbacks must outlive the page.
+    explicit DictionaryPage(const MainWindowCallbacks &callbacks);
 
     // Shows a dictionary and empties the field. Reports nothing.
     void load(const PersonalDictionaryConfig &dictionary);
     // Shows the chips of the working copy.
     void reloadDictionaryList();
-
-    // Called with the whole dictionary after the user has added or deleted terms, also when that
-    // changed nothing. May be empty.
-    std::function<void(const PersonalDictionaryConfig &)> onPersonalDictionaryChange;
 
 private:
     [[nodiscard]] QWidget *makeTermsPanel();
@@ -36,8 +32,8 @@ private:
     void addPersonalDictionaryTerms();
     void deletePersonalDictionaryTerm(const QString &term);
     void updateDictionaryStatus(bool saved = false);
-    void report() const;
 
+    const MainWindowCallbacks &m_callbacks;
     PersonalDictionaryConfig m_personalDictionary;
     PasteEnabledTextField *m_newTermField;
     DictionaryChipCloudView *m_chipCloudView;

@@ -3,8 +3,10 @@
 #include "APIKeySection.h"
 
 #include "APIKeyConfigurationWindowController.h"
+#include "APIKeyTutorialWindowController.h"
 #include "ClosureButton.h"
 #include "InterfaceFont.h"
+#include "MainWindowCallbacks.h"
 #include "PasteEnabledSecureTextField.h"
 #include "TextLabel.h"
 #include "ViewBuilders.h"
@@ -15,8 +17,11 @@
 using namespace Qt::StringLiterals;
 using namespace ViewBuilders;
 
-APIKeySection::APIKeySection()
-    : m_doubaoAPIKeyField(new PasteEnabledSecureTextField)
+APIKeySection::APIKeySection(const MainWindowCallbacks &callbacks,
+                             APIKeyTutorialWindowController &tutorial)
+    : m_callbacks(callbacks)
+    , m_tutorial(tutorial)
+    , m_doubaoAPIKeyField(new PasteEnabledSecureTextField)
     , m_deepSeekAPIKeyField(new PasteEnabledSecureTextField)
     , m_apiStatusLabel(makeWrappingLabel({}, interfaceFont(12), SemanticColor::SecondaryLabel))
 {
@@ -71,9 +76,8 @@ QBoxLayout *APIKeySection::makeAPIKeyBlock(const KeyBlock &block)
     layout->addWidget(makeBodyLabel(u"不知道从哪里拿 Key？点击下方教程，会一步一步告诉你。"_s));
     layout->addSpacing(5);
     layout->addWidget(makeLinkButton(
-        block.linkTitle, [this, tutorialTitle = block.tutorialTitle, tutorial = block.tutorial] {
-            if (onShowTutorial)
-                onShowTutorial(tutorialTitle, tutorial.toString());
+        block.linkTitle, [this, title = block.tutorialTitle, text = block.tutorialText] {
+            m_tutorial.show(title, text());
         }));
     return layout;
 }
@@ -88,8 +92,7 @@ void APIKeySection::saveAPIKeys()
         QApplication::beep();
         return;
     }
-    if (onAPIKeysSave)
-        onAPIKeysSave(doubaoAPIKey, deepSeekAPIKey);
+    m_callbacks.onAPIKeysSave(doubaoAPIKey, deepSeekAPIKey);
     m_apiStatusLabel->setColor(SemanticColor::Success);
     m_apiStatusLabel->setText(u"已保存，可以开始使用。"_s);
 }

@@ -4,25 +4,21 @@
 
 #include <QWidget>
 
-#include <functional>
-
+class APIKeyTutorialWindowController;
 class PasteEnabledSecureTextField;
 class QBoxLayout;
 class TextLabel;
+struct MainWindowCallbacks;
 
 // Where the user enters the two API keys.
 class APIKeySection final : public QWidget
 {
 public:
-    APIKeySection();
+    // Both must outlive the section. The tutorial window explains how to get a key.
+    APIKeySection(const MainWindowCallbacks &callbacks, APIKeyTutorialWindowController &tutorial);
 
     // Shows the keys as they are stored, and whether both are there. Nothing is reported.
     void load(const QString &doubaoAPIKey, const QString &deepSeekAPIKey);
-
-    // Called with both keys, trimmed, when the user saves them. Neither is empty.
-    std::function<void(const QString &doubaoAPIKey, const QString &deepSeekAPIKey)> onAPIKeysSave;
-    // Called when the user asks how to get a key.
-    std::function<void(const QString &title, const QString &body)> onShowTutorial;
 
 private:
     // What tells the block of one key from that of the other.
@@ -33,12 +29,14 @@ private:
         QString placeholder;
         QString linkTitle;
         QString tutorialTitle;
-        QStringView tutorial;
+        QString (*tutorialText)();
     };
 
     [[nodiscard]] QBoxLayout *makeAPIKeyBlock(const KeyBlock &block);
     void saveAPIKeys();
 
+    const MainWindowCallbacks &m_callbacks;
+    APIKeyTutorialWindowController &m_tutorial;
     PasteEnabledSecureTextField *m_doubaoAPIKeyField;
     PasteEnabledSecureTextField *m_deepSeekAPIKeyField;
     TextLabel *m_apiStatusLabel;

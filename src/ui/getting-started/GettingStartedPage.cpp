@@ -3,7 +3,6 @@
 #include "GettingStartedPage.h"
 
 #include "APIKeySection.h"
-#include "ForwardingCallback.h"
 #include "HotKeySection.h"
 #include "PromptSection.h"
 #include "ViewBuilders.h"
@@ -15,16 +14,17 @@
 using namespace Qt::StringLiterals;
 using namespace ViewBuilders;
 
-GettingStartedPage::GettingStartedPage(HotKeyCaptureButton::KeyCharacters keyCharacters)
-    : m_apiKeySection(new APIKeySection)
-    , m_hotKeySection(new HotKeySection(std::move(keyCharacters)))
-    , m_promptSection(new PromptSection)
+GettingStartedPage::GettingStartedPage(const MainWindowCallbacks &callbacks,
+                                       APIKeyTutorialWindowController &tutorial,
+                                       HotKeyCaptureButton::KeyCharacters keyCharacters)
+    : m_apiKeySection(new APIKeySection(callbacks, tutorial))
+    , m_hotKeySection(new HotKeySection(callbacks, std::move(keyCharacters)))
+    , m_promptSection(new PromptSection(callbacks))
     , m_scrollView(makeScrollView(makeDocument()))
 {
     auto *layout = makeStack(0);
     layout->addWidget(m_scrollView);
     setLayout(layout);
-    forwardCallbacks();
 }
 
 void GettingStartedPage::load(const AppConfig &config)
@@ -52,13 +52,4 @@ QWidget *GettingStartedPage::makeDocument()
     auto *document = new QWidget;
     document->setLayout(layout);
     return document;
-}
-
-void GettingStartedPage::forwardCallbacks()
-{
-    m_apiKeySection->onAPIKeysSave = forwardingTo(onAPIKeysSave);
-    m_apiKeySection->onShowTutorial = forwardingTo(onShowTutorial);
-    m_hotKeySection->onHotKeyChange = forwardingTo(onHotKeyChange);
-    m_hotKeySection->onHotKeyCaptureChange = forwardingTo(onHotKeyCaptureChange);
-    m_promptSection->onPromptSettingsChange = forwardingTo(onPromptSettingsChange);
 }

@@ -228,8 +228,7 @@ void HotKeyCaptureButton::finishCapture(const HotKeyConfig &hotKey)
 {
     m_currentDisplayName = hotKey.displayName;
     endCapture();
-    if (onCapture)
-        onCapture(hotKey);
+    onCapture(hotKey);
 }
 
 void HotKeyCaptureButton::showTitle(const QString &title)
@@ -244,7 +243,7 @@ void HotKeyCaptureButton::showTitle(const QString &title)
 void HotKeyCaptureButton::reportCapturing()
 {
     const bool isActive = m_isCapturing && isVisible() && isActiveWindow();
-    if (std::exchange(m_isReported, isActive) != isActive && onCapturingChange)
+    if (std::exchange(m_isReported, isActive) != isActive)
         onCapturingChange(isActive);
 }
 

@@ -26,11 +26,11 @@ public:
     // Waits for a new hotkey and takes the keyboard focus for it.
     void beginCapture();
 
-    // Called with each new hotkey. The button shows it already.
-    std::function<void(const HotKeyConfig &)> onCapture;
-    // Called with true when the button waits for a hotkey in the active window, and with false when
+    // Never empty. Called with each new hotkey. The button shows it already.
+    std::function<void(const HotKeyConfig &)> onCapture = [](const HotKeyConfig &) {};
+    // Never empty. Called with true when the button waits for a hotkey in the active window, and with false when
     // it does so no more: before onCapture, and whenever it is hidden or the window is left.
-    std::function<void(bool)> onCapturingChange;
+    std::function<void(bool)> onCapturingChange = [](bool) {};
 
 protected:
     bool event(QEvent *event) override;

@@ -4,6 +4,7 @@
 
 #include "ClosureButton.h"
 #include "InterfaceFont.h"
+#include "MainWindowCallbacks.h"
 #include "TextLabel.h"
 #include "ViewBuilders.h"
 
@@ -12,18 +13,17 @@
 using namespace Qt::StringLiterals;
 using namespace ViewBuilders;
 
-HotKeySection::HotKeySection(HotKeyCaptureButton::KeyCharacters keyCharacters)
-    : m_currentHotKeyLabel(
+HotKeySection::HotKeySection(const MainWindowCallbacks &callbacks,
+                             HotKeyCaptureButton::KeyCharacters keyCharacters)
+    : m_callbacks(callbacks)
+    , m_currentHotKeyLabel(
         makeWrappingLabel({}, interfaceFont(14, QFont::Medium), SemanticColor::Label))
     , m_captureButton(new HotKeyCaptureButton(std::move(keyCharacters)))
 {
     m_captureButton->setFont(monospacedFont(17, QFont::DemiBold));
     m_captureButton->setFixedSize(190, 44);
     m_captureButton->onCapture = [this](const HotKeyConfig &hotKey) { changeHotKey(hotKey); };
-    m_captureButton->onCapturingChange = [this](bool isCapturing) {
-        if (onHotKeyCaptureChange)
-            onHotKeyCaptureChange(isCapturing);
-    };
+    m_captureButton->onCapturingChange = callbacks.onHotKeyCaptureChange;
     auto *layout = makeStack(14);
     layout->addWidget(makeSectionHeader(u"2. 快捷键设置"_s, u"设置开始和停止录音的全局快捷键。"_s));
     layout->addWidget(m_currentHotKeyLabel);
@@ -61,6 +61,5 @@ void HotKeySection::showHotKey(const HotKeyConfig &hotKey)
 void HotKeySection::changeHotKey(const HotKeyConfig &hotKey)
 {
     showHotKey(hotKey);
-    if (onHotKeyChange)
-        onHotKeyChange(hotKey);
+    m_callbacks.onHotKeyChange(hotKey);
 }

@@ -4,6 +4,7 @@
 
 #include "ClosureButton.h"
 #include "InterfaceFont.h"
+#include "MainWindowCallbacks.h"
 #include "PasteEnabledTextField.h"
 #include "PasteEnabledTextView.h"
 #include "PromptLibrary.h"
@@ -33,8 +34,9 @@ ClosureButton *makeButton(const QString &title, int width, std::function<void()>
 
 } // namespace
 
-PromptSection::PromptSection()
-    : m_promptMenu(new PromptMenu)
+PromptSection::PromptSection(const MainWindowCallbacks &callbacks)
+    : m_callbacks(callbacks)
+    , m_promptMenu(new PromptMenu)
     , m_promptNameField(new PasteEnabledTextField)
     , m_promptTextView(new PasteEnabledTextView)
     , m_promptStatusLabel(makeWrappingLabel({}, interfaceFont(12), SemanticColor::TertiaryLabel))
@@ -136,7 +138,7 @@ void PromptSection::promptSelectionChanged()
         return;
     m_promptSettings.selectedID = id.toString();
     loadSelectedPrompt();
-    report(selectedPrompt().text);
+    m_callbacks.onPromptSettingsChange(m_promptSettings, selectedPrompt().text);
 }
 
 void PromptSection::addCustomPrompt()
@@ -149,7 +151,7 @@ void PromptSection::addCustomPrompt()
     m_promptSettings.selectedID = copy.id;
     reloadPromptMenu();
     loadSelectedPrompt();
-    report(copy.text);
+    m_callbacks.onPromptSettingsChange(m_promptSettings, copy.text);
 }
 
 void PromptSection::deleteSelectedCustomPrompt()
@@ -163,7 +165,7 @@ void PromptSection::deleteSelectedCustomPrompt()
     m_promptSettings.selectedID = PromptLibrary::cleanID;
     reloadPromptMenu();
     loadSelectedPrompt();
-    report(PromptLibrary::cleanPrompt().text);
+    m_callbacks.onPromptSettingsChange(m_promptSettings, PromptLibrary::cleanPrompt().text);
 }
 
 void PromptSection::saveSelectedCustomPrompt()
@@ -185,7 +187,7 @@ void PromptSection::saveSelectedCustomPrompt()
     reloadPromptMenu();
     loadSelectedPrompt();
     m_promptStatusLabel->setText(u"已保存并设为当前整理指令。"_s);
-    report(text);
+    m_callbacks.onPromptSettingsChange(m_promptSettings, text);
 }
 
 PromptDefinition PromptSection::selectedPrompt() const
@@ -197,10 +199,4 @@ QList<PromptDefinition>::iterator PromptSection::selectedCustomPrompt()
 {
     return std::ranges::find(
         m_promptSettings.customPrompts, m_promptSettings.selectedID, &PromptDefinition::id);
-}
-
-void PromptSection::report(const QString &promptText) const
-{
-    if (onPromptSettingsChange)
-        onPromptSettingsChange(m_promptSettings, promptText);
 }

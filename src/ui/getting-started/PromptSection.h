@@ -6,25 +6,22 @@
 
 #include <QWidget>
 
-#include <functional>
-
 class PasteEnabledTextField;
 class PasteEnabledTextView;
 class QComboBox;
 class QLayout;
 class TextLabel;
+struct MainWindowCallbacks;
 
 // Where the user chooses the polishing prompt and writes prompts of their own.
 class PromptSection final : public QWidget
 {
 public:
-    PromptSection();
+    // The callbacks must outlive the section.
+    explicit PromptSection(const MainWindowCallbacks &callbacks);
 
     // Shows the stored prompts. An unknown selection becomes the clean prompt. Nothing is reported.
     void load(const PromptSettings &settings);
-
-    // Called with the settings and the text of the prompt that is active now after each change.
-    std::function<void(const PromptSettings &, const QString &promptText)> onPromptSettingsChange;
 
 private:
     [[nodiscard]] QLayout *makeMenuRow();
@@ -39,8 +36,8 @@ private:
     [[nodiscard]] PromptDefinition selectedPrompt() const;
     // The end of the list when a built-in prompt is selected.
     [[nodiscard]] QList<PromptDefinition>::iterator selectedCustomPrompt();
-    void report(const QString &promptText) const;
 
+    const MainWindowCallbacks &m_callbacks;
     PromptSettings m_promptSettings;
     QComboBox *m_promptMenu;
     PasteEnabledTextField *m_promptNameField;

@@ -8,6 +8,7 @@
 #include "HistoryRowView.h"
 #include "HistoryStackView.h"
 #include "HistoryStore.h"
+#include "MainWindowCallbacks.h"
 #include "TextLabel.h"
 #include "ViewBuilders.h"
 
@@ -25,8 +26,11 @@ QString formatted(const QDateTime &date, const QString &format)
 
 } // namespace
 
-HistoryPage::HistoryPage(HistoryStore &store, std::function<QDateTime()> clock)
+HistoryPage::HistoryPage(HistoryStore &store,
+                         const MainWindowCallbacks &callbacks,
+                         std::function<QDateTime()> clock)
     : m_store(store)
+    , m_callbacks(callbacks)
     , m_clock(std::move(clock))
     , m_list(new HistoryListView)
 {
@@ -72,10 +76,7 @@ HistoryRowView *HistoryPage::makeRow(const HistoryItem &item)
         m_store.remove(id);
         reloadHistory();
     };
-    const auto paste = [this, text = item.polished] {
-        if (onPasteHistory)
-            onPasteHistory(text);
-    };
+    const auto paste = [this, text = item.polished] { m_callbacks.onPasteHistory(text); };
     const auto copy = [text = item.polished] { ClipboardWriter::copy(text); };
     return new HistoryRowView(
         formatted(item.createdAt, u"HH:mm"_s), item.polished, paste, copy, remove);

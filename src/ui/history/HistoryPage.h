@@ -11,20 +11,19 @@ struct HistoryItem;
 class HistoryListView;
 class HistoryRowView;
 class HistoryStore;
+struct MainWindowCallbacks;
 
 // The page of the transcript history: the stored results in the store's order, with a heading
 // wherever the day changes. A result can be pasted again, copied and deleted.
 class HistoryPage final : public QWidget
 {
 public:
-    // The list is empty until the first reload. The store must outlive the page; the clock tells
-    // the current time.
-    explicit HistoryPage(
+    // The list is empty until the first reload. Store and callbacks must outlive the page; the
+    // clock tells the current time.
+    HistoryPage(
         HistoryStore &store,
+        const MainWindowCallbacks &callbacks,
         std::function<QDateTime()> clock = [] { return QDateTime::currentDateTime(); });
-
-    // May be empty. Is given the polished text.
-    std::function<void(const QString &text)> onPasteHistory;
 
     // Shows the store's items, under the days that they belong to in the time zone and at the hour
     // of now.
@@ -36,6 +35,7 @@ private:
     [[nodiscard]] HistoryRowView *makeRow(const HistoryItem &item);
 
     HistoryStore &m_store;
+    const MainWindowCallbacks &m_callbacks;
     std::function<QDateTime()> m_clock;
     HistoryListView *m_list;
 };

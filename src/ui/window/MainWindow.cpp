@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
-#include "AccessibleRole.h"
 #include "AppRuntime.h"
-#include "PasteEnabledTextField.h"
-#include "PasteEnabledTextView.h"
+#include "EditingInput.h"
 #include "Sidebar.h"
-#include "WindowPlacement.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -20,30 +17,18 @@ namespace {
 constexpr QSize initialSize(920, 680);
 constexpr QSize smallestSize(860, 620);
 
-bool performKeyEquivalent(QWidget &widget, const QKeyEvent &event)
-{
-    if (auto *field = dynamic_cast<PasteEnabledTextField *>(&widget))
-        return field->performKeyEquivalent(event);
-    if (auto *view = dynamic_cast<PasteEnabledTextView *>(&widget))
-        return view->performKeyEquivalent(event);
-    return false;
-}
-
 } // namespace
 
-MainWindow::MainWindow(const QList<QWidget *> &pages,
-                       std::function<void(MainWindowPage)> onPageClick)
-    : QWidget(nullptr, WindowPlacement::regularWindow)
-    , m_sidebar(new Sidebar)
+MainWindow::MainWindow(QList<MainWindowItem> items)
+    : RegularWindow(AppRuntime::appName)
+    , m_items(std::move(items))
+    , m_sidebar(new Sidebar(m_items, [this](MainWindowPage page) { switchTo(page); }))
     , m_pages(new QStackedLayout)
 {
-    setWindowTitle(AppRuntime::appName);
-    setAccessibleRole(*this, QAccessible::Window, AppRuntime::appName);
     setMinimumSize(smallestSize);
     resize(initialSize);
-    m_sidebar->onClick = std::move(onPageClick);
-    for (auto *page : pages)
-        m_pages->addWidget(page);
+    for (const auto &item : std::as_const(m_items))
+        m_pages->addWidget(item.view);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
@@ -52,19 +37,22 @@ MainWindow::MainWindow(const QList<QWidget *> &pages,
     layout->addLayout(m_pages, 1);
 }
 
-void MainWindow::setCurrentPage(MainWindowPage page)
+void MainWindow::switchTo(MainWindowPage page)
 {
     m_currentPage = page;
     m_sidebar->setSelectedPage(page);
-    m_pages->setCurrentIndex(int(page));
+    const auto item = std::ranges::find(std::as_const(m_items), page, &MainWindowItem::page);
+    m_pages->setCurrentWidget(item->view);
+    item->refresh();
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
     const auto widgets = m_pages->currentWidget()->findChildren<QWidget *>();
-    const bool isTaken = std::any_of(widgets.begin(), widgets.end(), [event](QWidget *widget) {
-        return performKeyEquivalent(*widget, *event);
+    const bool isTaken = std::ranges::any_of(widgets, [event](QWidget *widget) {
+        auto *input = dynamic_cast<EditingInput *>(widget);
+        return input && input->performKeyEquivalent(*event);
     });
     if (!isTaken)
-        QWidget::keyPressEvent(event);
+        RegularWindow::keyPressEvent(event);
 }

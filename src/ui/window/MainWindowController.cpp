@@ -4,16 +4,18 @@
 
 #include "ContactPage.h"
 #include "DictionaryPage.h"
-#include "ForwardingCallback.h"
 #include "GettingStartedPage.h"
 #include "HistoryPage.h"
 #include "MainWindow.h"
-#include "WindowPlacement.h"
+
+using namespace Qt::StringLiterals;
 
 MainWindowController::MainWindowController(HistoryStore &store,
-                                           HotKeyCaptureButton::KeyCharacters keyCharacters)
+                                           HotKeyCaptureButton::KeyCharacters keyCharacters,
+                                           MainWindowCallbacks callbacks)
     : m_store(store)
     , m_keyCharacters(std::move(keyCharacters))
+    , m_callbacks(std::move(callbacks))
 {}
 
 MainWindowController::~MainWindowController() = default;
@@ -24,10 +26,10 @@ void MainWindowController::show(const AppConfig &config, MainWindowPage page)
     if (!m_window)
         buildWindow();
     load(config);
-    switchTo(page);
+    m_window->switchTo(page);
     if (!wasVisible)
-        WindowPlacement::center(*m_window);
-    WindowPlacement::bringToFront(*m_window);
+        m_window->center();
+    m_window->bringToFront();
 }
 
 void MainWindowController::refreshIfVisible(const AppConfig &config)
@@ -46,28 +48,32 @@ bool MainWindowController::isVisible() const
 
 void MainWindowController::buildWindow()
 {
-    m_gettingStartedPage = new GettingStartedPage(m_keyCharacters);
-    m_historyPage = new HistoryPage(m_store);
-    m_dictionaryPage = new DictionaryPage;
-    m_contactPage = new ContactPage;
-    m_window = std::make_unique<MainWindow>(
-        QList<QWidget *>{m_gettingStartedPage, m_historyPage, m_dictionaryPage, m_contactPage},
-        [this](MainWindowPage page) { switchTo(page); });
-    connectPages();
-}
-
-void MainWindowController::connectPages()
-{
-    m_gettingStartedPage->onAPIKeysSave = forwardingTo(onAPIKeysSave);
-    m_gettingStartedPage->onHotKeyChange = forwardingTo(onHotKeyChange);
-    m_gettingStartedPage->onHotKeyCaptureChange = forwardingTo(onHotKeyCaptureChange);
-    m_gettingStartedPage->onPromptSettingsChange = forwardingTo(onPromptSettingsChange);
-    m_gettingStartedPage->onShowTutorial = [this](const QString &title, const QString &body) {
-        m_tutorialWindowController.show(title, body);
-    };
-    m_historyPage->onPasteHistory = forwardingTo(onPasteHistory);
-    m_dictionaryPage->onPersonalDictionaryChange = forwardingTo(onPersonalDictionaryChange);
-    m_contactPage->onOpenLogFolder = forwardingTo(onOpenLogFolder);
+    m_gettingStartedPage =
+        new GettingStartedPage(m_callbacks, m_tutorialWindowController, m_keyCharacters);
+    m_historyPage = new HistoryPage(m_store, m_callbacks);
+    m_dictionaryPage = new DictionaryPage(m_callbacks);
+    m_window = std::make_unique<MainWindow>(QList<MainWindowItem>{
+        {MainWindowPage::GettingStarted,
+         u"开始使用"_s,
+         u"house"_s,
+         m_gettingStartedPage,
+         [page = m_gettingStartedPage] { page->scrollToTop(); }},
+        {MainWindowPage::Clipboard,
+         u"剪贴板"_s,
+         u"doc.on.clipboard"_s,
+         m_historyPage,
+         [page = m_historyPage] { page->reloadHistory(); }},
+        {MainWindowPage::Dictionary,
+         u"词库"_s,
+         u"text.book.closed"_s,
+         m_dictionaryPage,
+         [page = m_dictionaryPage] { page->reloadDictionaryList(); }},
+        {MainWindowPage::Contact,
+         u"联系作者"_s,
+         u"person.crop.circle"_s,
+         new ContactPage(m_callbacks),
+         [] {}},
+    });
 }
 
 // Costs little when nothing has changed: a dictation waits for it before its text is pasted.
@@ -75,22 +81,4 @@ void MainWindowController::load(const AppConfig &config)
 {
     m_gettingStartedPage->load(config);
     m_dictionaryPage->load(config.personalDictionary);
-}
-
-void MainWindowController::switchTo(MainWindowPage page)
-{
-    m_window->setCurrentPage(page);
-    switch (page) {
-    case MainWindowPage::GettingStarted:
-        m_gettingStartedPage->scrollToTop();
-        break;
-    case MainWindowPage::Clipboard:
-        m_historyPage->reloadHistory();
-        break;
-    case MainWindowPage::Dictionary:
-        m_dictionaryPage->reloadDictionaryList();
-        break;
-    case MainWindowPage::Contact:
-        break;
-    }
 }

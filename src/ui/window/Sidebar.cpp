@@ -41,7 +41,8 @@ QLayout *makeHeader()
 
 } // namespace
 
-Sidebar::Sidebar()
+Sidebar::Sidebar(const QList<MainWindowItem> &items,
+                 const std::function<void(MainWindowPage)> &onClick)
 {
     setFixedWidth(sidebarWidth);
     auto *navigation = new QVBoxLayout;
@@ -55,16 +56,12 @@ Sidebar::Sidebar()
     layout->addLayout(navigation);
     layout->addStretch();
 
-    const auto add =
-        [this, navigation](MainWindowPage page, const QString &title, const QString &symbolName) {
-            auto *item = new SidebarItemButton(title, symbolName, [this, page] { onClick(page); });
-            m_items.emplace(page, item);
-            navigation->addWidget(item);
-        };
-    add(MainWindowPage::GettingStarted, u"开始使用"_s, u"house"_s);
-    add(MainWindowPage::Clipboard, u"剪贴板"_s, u"doc.on.clipboard"_s);
-    add(MainWindowPage::Dictionary, u"词库"_s, u"text.book.closed"_s);
-    add(MainWindowPage::Contact, u"联系作者"_s, u"person.crop.circle"_s);
+    for (const auto &item : items) {
+        const auto click = [onClick, page = item.page] { onClick(page); };
+        auto *button = new SidebarItemButton(item.title, item.symbolName, click);
+        m_items.emplace(item.page, button);
+        navigation->addWidget(button);
+    }
 }
 
 void Sidebar::setSelectedPage(MainWindowPage page)

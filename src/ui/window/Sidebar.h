@@ -6,7 +6,6 @@
 
 #include <QWidget>
 
-#include <functional>
 #include <map>
 
 class SidebarItemButton;
@@ -15,12 +14,11 @@ class SidebarItemButton;
 class Sidebar final : public QWidget
 {
 public:
-    Sidebar();
+    // The items in their order from above; a click tells the page.
+    Sidebar(const QList<MainWindowItem> &items, const std::function<void(MainWindowPage)> &onClick);
 
     // Marks the item of the page that is shown.
     void setSelectedPage(MainWindowPage page);
-
-    std::function<void(MainWindowPage)> onClick;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

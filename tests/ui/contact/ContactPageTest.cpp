@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "ContactPage.h"
+#include "MainWindowCallbacks.h"
 #include "TemporaryHome.h"
 
 #include <QAccessible>
@@ -51,7 +52,8 @@ TEST(ContactPage, showsTheDetailsItIsGiven)
          true},
     };
     for (const auto &[details, expected, hasCard] : cases) {
-        const ContactPage page(details);
+        const MainWindowCallbacks callbacks;
+        const ContactPage page(callbacks, details);
         EXPECT_EQ(lines(page), expected);
         EXPECT_EQ(shows(page, u"Wrenfold 作者"_s), hasCard);
         EXPECT_EQ(shows(page, u"鹩哥"_s), !details.name.isEmpty());
@@ -62,7 +64,8 @@ TEST(ContactPage, showsTheDetailsItIsGiven)
 TEST(ContactPage, letsAShortenedLineBeCopiedWhole)
 {
     const auto address = QString(200, u'w') + u"@example.org"_s;
-    const ContactPage page({.email = address});
+    const MainWindowCallbacks callbacks;
+    const ContactPage page(callbacks, {.email = address});
     auto *line = page.findChild<QLineEdit *>();
     line->resize(100, 24);
     EXPECT_TRUE(line->isReadOnly());
@@ -74,11 +77,8 @@ TEST(ContactPage, letsAShortenedLineBeCopiedWhole)
 
 TEST(ContactPage, asksForTheLogFolder)
 {
-    ContactPage page;
-    auto *button = page.findChild<QPushButton *>();
-    button->click();
     int requests = 0;
-    page.onOpenLogFolder = [&requests] { ++requests; };
-    button->click();
+    const MainWindowCallbacks callbacks{.onOpenLogFolder = [&requests] { ++requests; }};
+    ContactPage(callbacks).findChild<QPushButton *>()->click();
     EXPECT_EQ(requests, 1);
 }

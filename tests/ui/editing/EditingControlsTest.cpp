@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "ClosureButton.h"
 #include "EditingShortcut.h"
-#include "IconClosureButton.h"
 #include "PasteEnabledSecureTextField.h"
 #include "PasteEnabledTextField.h"
 #include "PasteEnabledTextView.h"
@@ -264,22 +262,6 @@ TEST_F(EditingControlsTest, loseNothingOnAnyRoadIntoAField)
     EXPECT_TRUE(m_plain->text() == u'>' + lines + u"|<"_s);
     m_plain->setText(u"︙"_s);
     EXPECT_EQ(m_plain->text(), u"︙"_s);
-}
-
-TEST_F(EditingControlsTest, buttonsRunTheirCallback)
-{
-    int clicks = 0;
-    const auto count = [&clicks] { ++clicks; };
-    ClosureButton text(u"添加"_s, ClosureButton::Style::Rounded, count);
-    ClosureButton link(u"打开"_s, ClosureButton::Style::Link, count);
-    IconClosureButton icon(u"trash"_s, u"删除"_s, count);
-    for (auto *button : std::initializer_list<QAbstractButton *>{&text, &link, &icon})
-        button->click();
-    EXPECT_EQ(clicks, 3);
-    EXPECT_EQ(icon.toolTip(), u"删除"_s);
-    EXPECT_EQ(icon.accessibleName(), u"删除"_s);
-    ClosureButton(u"无"_s).click();
-    IconClosureButton(u"trash"_s, u"无"_s).click();
 }
 
 TEST_F(EditingControlsTest, takeWhatAnInputMethodComposes)

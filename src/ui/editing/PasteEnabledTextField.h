@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLineEdit>
+#include "PasteEnabledField.h"
 
 // A one-line field whose paste takes plain text at the caret, line breaks included, whatever its
 // length. Of a text of more than 10,000 UTF-16 units only the two ends are shown, with "︙" for
 // what is between them, which can be deleted like any other character.
-class PasteEnabledTextField final : public QLineEdit
+class PasteEnabledTextField final : public PasteEnabledField
 {
 public:
     PasteEnabledTextField();
@@ -15,17 +15,11 @@ public:
     // The whole text, what is not shown included.
     [[nodiscard]] QString text() const;
 
-    // Runs an editing shortcut, taking the focus. Returns whether it was one of the field's; other
-    // keys are left alone.
-    bool performKeyEquivalent(const QKeyEvent &event);
-
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void contextMenuEvent(QContextMenuEvent *event) override;
+    void pasteText() override;
 
 private:
-    void pasteText();
-    void selectAllText();
     [[nodiscard]] QString withOmission(QString shown) const;
     void shorten();
 

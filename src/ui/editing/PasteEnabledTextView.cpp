@@ -2,13 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "PasteEnabledTextView.h"
 
-#include "ContextMenu.h"
-#include "EditingShortcut.h"
 #include "Pasteboard.h"
 
 #include <QApplication>
-#include <QContextMenuEvent>
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -17,9 +13,8 @@ PasteEnabledTextView::PasteEnabledTextView()
     setTabChangesFocus(true);
 }
 
-bool PasteEnabledTextView::performKeyEquivalent(const QKeyEvent &event)
+bool PasteEnabledTextView::runShortcut(Qt::Key key)
 {
-    const auto key = editingShortcut(event);
     if (key == Qt::Key_V)
         pastePlainText();
     else if (key == Qt::Key_A)
@@ -33,21 +28,13 @@ bool PasteEnabledTextView::performKeyEquivalent(const QKeyEvent &event)
     return true;
 }
 
-void PasteEnabledTextView::keyPressEvent(QKeyEvent *event)
+std::vector<ContextMenuItem> PasteEnabledTextView::menuItems()
 {
-    if (!performKeyEquivalent(*event))
-        QPlainTextEdit::keyPressEvent(event);
-}
-
-void PasteEnabledTextView::contextMenuEvent(QContextMenuEvent *event)
-{
-    popUpContextMenu(*this,
-                     event->globalPos(),
-                     {{u"剪切"_s, [this] { cutFromMenu(); }},
-                      {u"复制"_s, [this] { copy(); }},
-                      {u"粘贴"_s, [this] { pastePlainText(); }},
-                      {},
-                      {u"全选"_s, [this] { selectAll(); }}});
+    return {{u"剪切"_s, [this] { cutFromMenu(); }},
+            {u"复制"_s, [this] { copy(); }},
+            {u"粘贴"_s, [this] { pastePlainText(); }},
+            {},
+            {u"全选"_s, [this] { selectAll(); }}};
 }
 
 void PasteEnabledTextView::pastePlainText()

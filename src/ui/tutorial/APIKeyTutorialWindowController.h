@@ -6,7 +6,7 @@
 
 #include <memory>
 
-class QWidget;
+class RegularWindow;
 class TextLabel;
 class TutorialTextView;
 
@@ -30,7 +30,7 @@ public:
 private:
     void buildWindow();
 
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<RegularWindow> m_window;
     TextLabel *m_titleLabel = nullptr;
     TutorialTextView *m_textView = nullptr;
 };

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 // The tutorials that say how to get the API keys. Lines are separated by line feeds; links are
 // written as "[label](address)".
 namespace APIKeyConfigurationWindowController {
 
-extern const QStringView doubaoTutorialText;
-extern const QStringView deepSeekTutorialText;
+[[nodiscard]] QString doubaoTutorialText();
+[[nodiscard]] QString deepSeekTutorialText();
 
 } // namespace APIKeyConfigurationWindowController

@@ -2,18 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "PasteEnabledTextField.h"
 
-#include "ContextMenu.h"
-#include "EditingShortcut.h"
 #include "Pasteboard.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QKeyEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -29,25 +24,12 @@ constexpr auto omissionMark = u'︙';
 
 PasteEnabledTextField::PasteEnabledTextField()
 {
-    setMaxLength(std::numeric_limits<int>::max());
     connect(this, &QLineEdit::textChanged, this, &PasteEnabledTextField::shorten);
 }
 
 QString PasteEnabledTextField::text() const
 {
     return withOmission(QLineEdit::text());
-}
-
-bool PasteEnabledTextField::performKeyEquivalent(const QKeyEvent &event)
-{
-    const auto key = editingShortcut(event);
-    if (key != Qt::Key_V && key != Qt::Key_A)
-        return false;
-    if (key == Qt::Key_V)
-        pasteText();
-    else
-        selectAllText();
-    return true;
 }
 
 void PasteEnabledTextField::keyPressEvent(QKeyEvent *event)
@@ -61,14 +43,6 @@ void PasteEnabledTextField::keyPressEvent(QKeyEvent *event)
         QGuiApplication::clipboard()->setText(selected);
 }
 
-void PasteEnabledTextField::contextMenuEvent(QContextMenuEvent *event)
-{
-    popUpContextMenu(
-        *this,
-        event->globalPos(),
-        {{u"粘贴"_s, [this] { pasteText(); }}, {u"全选"_s, [this] { selectAllText(); }}});
-}
-
 void PasteEnabledTextField::pasteText()
 {
     if (isReadOnly()) {
@@ -80,12 +54,6 @@ void PasteEnabledTextField::pasteText()
         insert(*text);
     else
         QApplication::beep();
-}
-
-void PasteEnabledTextField::selectAllText()
-{
-    setFocus(Qt::OtherFocusReason);
-    selectAll();
 }
 
 QString PasteEnabledTextField::withOmission(QString shown) const

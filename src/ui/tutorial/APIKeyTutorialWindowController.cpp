@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "APIKeyTutorialWindowController.h"
 
-#include "AccessibleRole.h"
 #include "AppRuntime.h"
 #include "InterfaceFont.h"
+#include "RegularWindow.h"
 #include "TextLabel.h"
 #include "TutorialTextView.h"
 #include "ViewBuilders.h"
-#include "WindowPlacement.h"
 
 #include <QRegularExpression>
 #include <QTextCursor>
@@ -62,8 +61,8 @@ void APIKeyTutorialWindowController::show(const QString &title, const QString &b
         buildWindow();
     m_titleLabel->setText(title);
     m_textView->setBody(attributedTutorialBody(body));
-    WindowPlacement::center(*m_window);
-    WindowPlacement::bringToFront(*m_window);
+    m_window->center();
+    m_window->bringToFront();
 }
 
 QTextDocumentFragment APIKeyTutorialWindowController::attributedTutorialBody(const QString &body)
@@ -87,9 +86,7 @@ QTextDocumentFragment APIKeyTutorialWindowController::attributedTutorialBody(con
 
 void APIKeyTutorialWindowController::buildWindow()
 {
-    m_window = std::make_unique<QWidget>(nullptr, WindowPlacement::regularWindow);
-    m_window->setWindowTitle(AppRuntime::appName + u" API 教程"_s);
-    setAccessibleRole(*m_window, QAccessible::Window, m_window->windowTitle());
+    m_window = std::make_unique<RegularWindow>(AppRuntime::appName + u" API 教程"_s);
     m_window->setMinimumSize(520, 420);
     m_window->resize(680, 620);
     m_titleLabel =

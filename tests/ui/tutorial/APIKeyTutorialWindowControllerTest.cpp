@@ -61,12 +61,12 @@ TEST(APIKeyTutorialWindowControllerTest, showsBothTutorialsInOneWindowWhoseLinks
     Appearance::install();
     UrlCatcher browser(u"https"_s);
     APIKeyTutorialWindowController controller;
-    controller.show(u"一"_s, doubaoTutorialText.toString());
+    controller.show(u"一"_s, doubaoTutorialText());
     auto *window = QApplication::topLevelWidgets().value(0);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     auto *view = window->findChild<QTextBrowser *>();
     view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum());
-    controller.show(u"二"_s, deepSeekTutorialText.toString());
+    controller.show(u"二"_s, deepSeekTutorialText());
     EXPECT_EQ(QApplication::topLevelWidgets(), QWidgetList{window});
     EXPECT_EQ(window->windowTitle(), u"Wrenfold API 教程"_s);
     EXPECT_EQ(window->findChild<QLabel *>()->text(), u"二"_s);
