@@ -6,6 +6,7 @@
 
 #include <functional>
 
-// Raises a modal warning titled with the application's name and returns at once; `dismissed` is
-// called when the user has closed it.
+// Raises a warning titled with the application's name and returns at once; `dismissed` is called
+// when the user has closed it. It blocks all other windows and stays in front of them. A text that
+// is being shown is not shown a second time.
 void showAlert(const QString &text, std::function<void()> dismissed);
