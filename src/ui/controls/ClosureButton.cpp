@@ -7,6 +7,7 @@
 #include "Palette.h"
 
 #include <QPainter>
+#include <QStyleOptionButton>
 
 namespace {
 
@@ -29,6 +30,21 @@ ClosureButton::ClosureButton(const QString &title, Style style, std::function<vo
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
     connect(this, &QPushButton::clicked, this, [this] { onClick(); });
+}
+
+void ClosureButton::setDead(bool isDead)
+{
+    m_isDead = isDead;
+    update();
+}
+
+void ClosureButton::initStyleOption(QStyleOptionButton *option) const
+{
+    QPushButton::initStyleOption(option);
+    if (m_isDead) {
+        option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
+        option->palette.setCurrentColorGroup(QPalette::Disabled);
+    }
 }
 
 QSize ClosureButton::sizeHint() const

@@ -16,20 +16,24 @@ public:
         Link,
     };
 
-    explicit ClosureButton(const QString &title,
-                           Style style = Style::Rounded,
-                           std::function<void()> action = [] {});
+    explicit ClosureButton(
+        const QString &title, Style style = Style::Rounded, std::function<void()> action = [] {});
 
     // Never empty.
     std::function<void()> onClick;
 
+    // A dead button looks disabled. It still runs its callback, which says why by a beep.
+    void setDead(bool isDead);
+
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    void initStyleOption(QStyleOptionButton *option) const override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void paintLink();
 
     Style m_style;
+    bool m_isDead = false;
 };

@@ -26,4 +26,5 @@ protected:
     // Returns whether the key, held with Control, is one of the input's.
     virtual bool runShortcut(Qt::Key key) = 0;
     [[nodiscard]] virtual std::vector<ContextMenuItem> menuItems() = 0;
+    [[nodiscard]] virtual bool canUndo() const = 0;
 };

@@ -14,7 +14,10 @@ class PasteEnabled : public QtInput, public EditingInput
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {
-        if (!performKeyEquivalent(*event))
+        // What cannot undo leaves that to the window.
+        if (event->matches(QKeySequence::Undo) && !canUndo())
+            event->ignore();
+        else if (!performKeyEquivalent(*event))
             QtInput::keyPressEvent(event);
     }
 

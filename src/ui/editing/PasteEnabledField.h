@@ -15,6 +15,7 @@ protected:
 
     bool runShortcut(Qt::Key key) override;
     [[nodiscard]] std::vector<ContextMenuItem> menuItems() override;
+    [[nodiscard]] bool canUndo() const override { return isUndoAvailable(); }
     virtual void pasteText() = 0;
 
 private:

@@ -34,10 +34,8 @@ QString PasteEnabledTextField::text() const
 
 void PasteEnabledTextField::keyPressEvent(QKeyEvent *event)
 {
-    if (performKeyEquivalent(*event))
-        return;
     const auto selected = withOmission(selectedText());
-    QLineEdit::keyPressEvent(event);
+    PasteEnabledField::keyPressEvent(event);
     if (!selected.isEmpty()
         && (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)))
         QGuiApplication::clipboard()->setText(selected);

@@ -5,12 +5,34 @@
 #include "Pasteboard.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 
 using namespace Qt::StringLiterals;
 
 PasteEnabledTextView::PasteEnabledTextView()
 {
     setTabChangesFocus(true);
+}
+
+void PasteEnabledTextView::setEditable(bool isEditable)
+{
+    const auto interaction = isEditable ? Qt::TextInteractionFlags(Qt::TextEditorInteraction)
+                                        : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (textInteractionFlags() != interaction)
+        setTextInteractionFlags(interaction);
+    const auto background = isEditable ? QPalette::Base : QPalette::AlternateBase;
+    if (viewport()->backgroundRole() != background)
+        viewport()->setBackgroundRole(background);
+    setAttribute(Qt::WA_InputMethodEnabled, isEditable);
+}
+
+// Qt lets input methods write wherever text can be selected.
+void PasteEnabledTextView::inputMethodEvent(QInputMethodEvent *event)
+{
+    if (isReadOnly())
+        event->ignore();
+    else
+        QPlainTextEdit::inputMethodEvent(event);
 }
 
 bool PasteEnabledTextView::runShortcut(Qt::Key key)

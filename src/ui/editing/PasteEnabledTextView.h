@@ -13,9 +13,14 @@ class PasteEnabledTextView final : public PasteEnabled<QPlainTextEdit>
 public:
     PasteEnabledTextView();
 
+    // Text that cannot be edited can be selected, by keyboard too, and stands on another ground.
+    void setEditable(bool isEditable);
+
 protected:
     bool runShortcut(Qt::Key key) override;
     [[nodiscard]] std::vector<ContextMenuItem> menuItems() override;
+    [[nodiscard]] bool canUndo() const override { return document()->isUndoAvailable(); }
+    void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
     void pastePlainText();

@@ -45,6 +45,12 @@ bool hasFrame(const QStyleOption &option)
     return frame && frame->lineWidth > 0;
 }
 
+QBrush fieldBackground(const QStyleOption &option)
+{
+    return has(option, QStyle::State_ReadOnly) ? option.palette.alternateBase()
+                                               : option.palette.base();
+}
+
 // What a framed view stands on, so that its frame is filled like its content.
 QBrush viewBackground(const QWidget *widget)
 {
@@ -116,7 +122,7 @@ void InterfaceStyle::drawPrimitive(PrimitiveElement element,
         return;
     case PE_PanelLineEdit:
         if (hasFrame(*option))
-            drawRoundedRect(*painter, option->rect, outline(*option), option->palette.base());
+            drawRoundedRect(*painter, option->rect, outline(*option), fieldBackground(*option));
         return;
     case PE_Frame:
         drawRoundedRect(*painter, option->rect, outline(*option), viewBackground(widget));
