@@ -130,8 +130,9 @@ void WindowBenchmark::measureHistory()
     for (const auto &item : store.items())
         texts.append(item.polished);
     const MainWindowCallbacks callbacks;
+    DeletionUndo deletions;
     for (int run = 0; run < runs; ++run) {
-        auto *page = new HistoryPage(store, callbacks);
+        auto *page = new HistoryPage(store, callbacks, deletions);
         PageWindow window(page);
         opened.values.push_back(window.open([&] { page->reloadHistory(); }));
         scrolled.values.push_back(window.scroll(*page->findChild<QAbstractScrollArea *>()));

@@ -10,6 +10,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,6 +51,12 @@ void HistoryStore::add(const QString &transcript, const QString &polished)
 void HistoryStore::remove(const QUuid &id)
 {
     m_items.removeIf([&id](const HistoryItem &item) { return item.id == id; });
+    save();
+}
+
+void HistoryStore::restore(const HistoryItem &item, qsizetype position)
+{
+    m_items.insert(std::min(position, m_items.size()), item);
     save();
 }
 

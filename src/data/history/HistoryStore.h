@@ -28,6 +28,8 @@ public:
     void add(const QString &transcript, const QString &polished);
     // Removes every item with that id.
     void remove(const QUuid &id);
+    // Puts back an item that was removed, where it was.
+    void restore(const HistoryItem &item, qsizetype position);
 
     // Holds what the file holds now. Not while changes are being written.
     void load();

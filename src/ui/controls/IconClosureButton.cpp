@@ -25,7 +25,7 @@ IconClosureButton::IconClosureButton(QString symbolName,
 {
     setToolTip(title);
     setAccessibleName(title);
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     setFixedSize(buttonSize);
     connect(this, &QAbstractButton::clicked, this, [this] { onClick(); });
@@ -44,7 +44,7 @@ void IconClosureButton::setOpacity(double opacity)
 
 void IconClosureButton::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+    if (event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down)
         event->ignore();
     else
         QAbstractButton::keyPressEvent(event);

@@ -7,12 +7,13 @@
 #include <functional>
 
 // A button of 24 by 24 that shows a symbol only and runs a stored callback. Its title is the tool
-// tip and the accessible name. The keyboard focus comes to it by keys only, and the keys Up and
-// Down are left to what it stands in.
+// tip and the accessible name. The keyboard focus comes to it from what it stands in, to which it
+// leaves the arrow keys.
 class IconClosureButton final : public QAbstractButton
 {
 public:
-    IconClosureButton(QString symbolName, const QString &title, std::function<void()> action = [] {});
+    IconClosureButton(
+        QString symbolName, const QString &title, std::function<void()> action = [] {});
 
     // Never empty.
     std::function<void()> onClick;

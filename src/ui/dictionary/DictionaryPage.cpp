@@ -4,6 +4,7 @@
 
 #include "AccessibleRole.h"
 #include "ClosureButton.h"
+#include "DeletionUndo.h"
 #include "DictionaryChipCloudView.h"
 #include "InterfaceFont.h"
 #include "MainWindowCallbacks.h"
@@ -25,8 +26,9 @@ constexpr int minCloudHeight = 260;
 
 } // namespace
 
-DictionaryPage::DictionaryPage(const MainWindowCallbacks &callbacks)
+DictionaryPage::DictionaryPage(const MainWindowCallbacks &callbacks, DeletionUndo &deletions)
     : m_callbacks(callbacks)
+    , m_deletions(deletions)
     , m_newTermField(new PasteEnabledTextField)
     , m_chipCloudView(new DictionaryChipCloudView(
           [this](const QString &term) { deletePersonalDictionaryTerm(term); }))
@@ -118,11 +120,8 @@ void DictionaryPage::addPersonalDictionaryTerms()
         return;
     }
     const auto formerCount = m_personalDictionary.terms.size();
-    m_personalDictionary = PersonalDictionaryConfig(m_personalDictionary.terms + added);
     m_newTermField->clear();
-    reloadDictionaryList();
-    updateDictionaryStatus(true);
-    m_callbacks.onPersonalDictionaryChange(m_personalDictionary);
+    setTerms(m_personalDictionary.terms + added);
     if (m_personalDictionary.terms.size() == formerCount)
         m_statusLabel->setText(u"这些词已经在词库里。"_s);
 }
@@ -130,16 +129,24 @@ void DictionaryPage::addPersonalDictionaryTerms()
 void DictionaryPage::deletePersonalDictionaryTerm(const QString &term)
 {
     m_scrollView->ensureWidgetVisible(m_statusLabel);
+    const auto former = m_personalDictionary.terms;
     QStringList remaining;
-    for (const auto &kept : std::as_const(m_personalDictionary.terms)) {
+    for (const auto &kept : former) {
         if (kept.compare(term, Qt::CaseInsensitive) != 0)
             remaining.append(kept);
     }
-    m_personalDictionary = PersonalDictionaryConfig(remaining);
+    // What has been added since follows.
+    m_deletions.add([this, former] { setTerms(former + m_personalDictionary.terms); });
     const bool isByKeyboard = m_chipCloudView->isAncestorOf(QApplication::focusWidget());
-    reloadDictionaryList();
+    setTerms(remaining);
     if (isByKeyboard && m_personalDictionary.terms.isEmpty())
         m_newTermField->setFocus();
+}
+
+void DictionaryPage::setTerms(const QStringList &terms)
+{
+    m_personalDictionary = PersonalDictionaryConfig(terms);
+    reloadDictionaryList();
     updateDictionaryStatus(true);
     m_callbacks.onPersonalDictionaryChange(m_personalDictionary);
 }

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class DeletionUndo;
 class DictionaryChipCloudView;
 class PasteEnabledTextField;
 class QScrollArea;
@@ -17,8 +18,8 @@ struct MainWindowCallbacks;
 class DictionaryPage final : public QWidget
 {
 public:
-    // The callbacks must outlive the page.
-    explicit DictionaryPage(const MainWindowCallbacks &callbacks);
+    // Both must outlive the page.
+    DictionaryPage(const MainWindowCallbacks &callbacks, DeletionUndo &deletions);
 
     // Shows a dictionary and empties the field. Reports nothing.
     void load(const PersonalDictionaryConfig &dictionary);
@@ -31,9 +32,11 @@ private:
     [[nodiscard]] QWidget *makeChipScrollView();
     void addPersonalDictionaryTerms();
     void deletePersonalDictionaryTerm(const QString &term);
+    void setTerms(const QStringList &terms);
     void updateDictionaryStatus(bool saved = false);
 
     const MainWindowCallbacks &m_callbacks;
+    DeletionUndo &m_deletions;
     PersonalDictionaryConfig m_personalDictionary;
     PasteEnabledTextField *m_newTermField;
     DictionaryChipCloudView *m_chipCloudView;

@@ -12,6 +12,12 @@ public:
 
     // Moves the window into the middle of its screen.
     void center();
-    // Shows the window in front of the others and gives it the keyboard focus.
+    // Shows the window in front of the others and gives it the keyboard focus, also when it is
+    // minimised or the desktop has hidden it.
     void bringToFront();
+
+protected:
+    // Gets the keys that the focused control has left alone: Return presses a button, Escape and
+    // Control + W close the window.
+    void keyPressEvent(QKeyEvent *event) override;
 };

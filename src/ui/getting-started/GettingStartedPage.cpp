@@ -15,11 +15,12 @@ using namespace Qt::StringLiterals;
 using namespace ViewBuilders;
 
 GettingStartedPage::GettingStartedPage(const MainWindowCallbacks &callbacks,
+                                       DeletionUndo &deletions,
                                        APIKeyTutorialWindowController &tutorial,
                                        HotKeyCaptureButton::KeyCharacters keyCharacters)
     : m_apiKeySection(new APIKeySection(callbacks, tutorial))
     , m_hotKeySection(new HotKeySection(callbacks, std::move(keyCharacters)))
-    , m_promptSection(new PromptSection(callbacks))
+    , m_promptSection(new PromptSection(callbacks, deletions))
     , m_scrollView(makeScrollView(makeDocument()))
 {
     auto *layout = makeStack(0);

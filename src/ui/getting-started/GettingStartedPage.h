@@ -7,6 +7,7 @@
 
 class APIKeySection;
 class APIKeyTutorialWindowController;
+class DeletionUndo;
 class HotKeySection;
 class PromptSection;
 class QScrollArea;
@@ -16,8 +17,9 @@ struct MainWindowCallbacks;
 class GettingStartedPage final : public QWidget
 {
 public:
-    // The callbacks and the tutorial window must outlive the page.
+    // What is given by reference must outlive the page.
     GettingStartedPage(const MainWindowCallbacks &callbacks,
+                       DeletionUndo &deletions,
                        APIKeyTutorialWindowController &tutorial,
                        HotKeyCaptureButton::KeyCharacters keyCharacters);
 

@@ -3,6 +3,7 @@
 #include "PromptSection.h"
 
 #include "ClosureButton.h"
+#include "DeletionUndo.h"
 #include "InterfaceFont.h"
 #include "MainWindowCallbacks.h"
 #include "PasteEnabledTextField.h"
@@ -14,6 +15,7 @@
 #include "ViewBuilders.h"
 
 #include <QApplication>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,6 +27,15 @@ namespace {
 
 constexpr auto customPrefix = "custom."_L1;
 
+// Qt's own plain text has blanks in place of no-break spaces.
+QString textOf(const QPlainTextEdit &view)
+{
+    return view.document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
+}
+
 ClosureButton *makeButton(const QString &title, int width, std::function<void()> action)
 {
     auto *button = new ClosureButton(title, ClosureButton::Style::Rounded, std::move(action));
@@ -34,11 +45,14 @@ ClosureButton *makeButton(const QString &title, int width, std::function<void()>
 
 } // namespace
 
-PromptSection::PromptSection(const MainWindowCallbacks &callbacks)
+PromptSection::PromptSection(const MainWindowCallbacks &callbacks, DeletionUndo &deletions)
     : m_callbacks(callbacks)
+    , m_deletions(deletions)
     , m_promptMenu(new PromptMenu)
     , m_promptNameField(new PasteEnabledTextField)
     , m_promptTextView(new PasteEnabledTextView)
+    , m_deleteButton(makeButton(u"删除"_s, 72, [this] { deleteSelectedCustomPrompt(); }))
+    , m_saveButton(makeButton(u"保存指令"_s, 92, [this] { saveSelectedCustomPrompt(); }))
     , m_promptStatusLabel(makeWrappingLabel({}, interfaceFont(12), SemanticColor::TertiaryLabel))
 {
     m_promptNameField->setAccessibleName(u"指令名称"_s);
@@ -78,7 +92,7 @@ QLayout *PromptSection::makeMenuRow()
     auto *row = makeRow(10);
     row->addWidget(m_promptMenu);
     row->addWidget(makeButton(u"新增指令"_s, 92, [this] { addCustomPrompt(); }));
-    row->addWidget(makeButton(u"删除"_s, 72, [this] { deleteSelectedCustomPrompt(); }));
+    row->addWidget(m_deleteButton);
     row->addStretch();
     return row;
 }
@@ -86,7 +100,7 @@ QLayout *PromptSection::makeMenuRow()
 QLayout *PromptSection::makeSaveRow()
 {
     auto *row = makeRow(12);
-    row->addWidget(makeButton(u"保存指令"_s, 92, [this] { saveSelectedCustomPrompt(); }));
+    row->addWidget(m_saveButton);
     row->addWidget(m_promptStatusLabel, 1);
     return row;
 }
@@ -113,17 +127,12 @@ void PromptSection::loadSelectedPrompt()
     if (m_promptNameField->text() != selected.name)
         m_promptNameField->setText(selected.name);
     m_promptNameField->setReadOnly(!isCustom);
-    // A built-in prompt can be selected by keyboard too, so that it can be copied without a mouse.
-    const auto interaction = isCustom ? Qt::TextInteractionFlags(Qt::TextEditorInteraction)
-                                      : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
-    if (m_promptTextView->textInteractionFlags() != interaction)
-        m_promptTextView->setTextInteractionFlags(interaction);
-    const auto background = isCustom ? QPalette::Base : QPalette::AlternateBase;
-    if (m_promptTextView->viewport()->backgroundRole() != background)
-        m_promptTextView->viewport()->setBackgroundRole(background);
+    m_promptTextView->setEditable(isCustom);
+    m_deleteButton->setDead(!isCustom);
+    m_saveButton->setDead(!isCustom);
     const auto text =
         selected.text.trimmed().isEmpty() ? PromptLibrary::cleanPrompt().text : selected.text;
-    if (m_promptTextView->toPlainText() != text)
+    if (textOf(*m_promptTextView) != text)
         m_promptTextView->setPlainText(text);
     m_promptTextView->moveCursor(QTextCursor::Start);
     m_promptStatusLabel->setText(
@@ -148,10 +157,7 @@ void PromptSection::addCustomPrompt()
                                 .name = selected.name + u"副本"_s,
                                 .text = selected.text};
     m_promptSettings.customPrompts.append(copy);
-    m_promptSettings.selectedID = copy.id;
-    reloadPromptMenu();
-    loadSelectedPrompt();
-    m_callbacks.onPromptSettingsChange(m_promptSettings, copy.text);
+    select(copy);
 }
 
 void PromptSection::deleteSelectedCustomPrompt()
@@ -161,11 +167,26 @@ void PromptSection::deleteSelectedCustomPrompt()
         QApplication::beep();
         return;
     }
+    const auto position = selected - m_promptSettings.customPrompts.begin();
+    m_deletions.add(
+        [this, prompt = *selected, position] { restoreCustomPrompt(prompt, position); });
     m_promptSettings.customPrompts.erase(selected);
-    m_promptSettings.selectedID = PromptLibrary::cleanID;
+    select(PromptLibrary::cleanPrompt());
+}
+
+void PromptSection::restoreCustomPrompt(const PromptDefinition &prompt, qsizetype position)
+{
+    auto &prompts = m_promptSettings.customPrompts;
+    prompts.insert(std::min(position, prompts.size()), prompt);
+    select(prompt);
+}
+
+void PromptSection::select(const PromptDefinition &prompt)
+{
+    m_promptSettings.selectedID = prompt.id;
     reloadPromptMenu();
     loadSelectedPrompt();
-    m_callbacks.onPromptSettingsChange(m_promptSettings, PromptLibrary::cleanPrompt().text);
+    m_callbacks.onPromptSettingsChange(m_promptSettings, prompt.text);
 }
 
 void PromptSection::saveSelectedCustomPrompt()
@@ -176,7 +197,7 @@ void PromptSection::saveSelectedCustomPrompt()
         return;
     }
     const auto name = m_promptNameField->text().trimmed();
-    const auto text = m_promptTextView->toPlainText().trimmed();
+    const auto text = textOf(*m_promptTextView).trimmed();
     if (name.isEmpty() || text.isEmpty()) {
         m_promptStatusLabel->setText(u"名称和指令内容都不能为空。"_s);
         QApplication::beep();

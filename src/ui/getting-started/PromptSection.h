@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+class ClosureButton;
+class DeletionUndo;
 class PasteEnabledTextField;
 class PasteEnabledTextView;
 class QComboBox;
@@ -17,8 +19,8 @@ struct MainWindowCallbacks;
 class PromptSection final : public QWidget
 {
 public:
-    // The callbacks must outlive the section.
-    explicit PromptSection(const MainWindowCallbacks &callbacks);
+    // Both must outlive the section.
+    PromptSection(const MainWindowCallbacks &callbacks, DeletionUndo &deletions);
 
     // Shows the stored prompts. An unknown selection becomes the clean prompt. Nothing is reported.
     void load(const PromptSettings &settings);
@@ -32,15 +34,20 @@ private:
     void promptSelectionChanged();
     void addCustomPrompt();
     void deleteSelectedCustomPrompt();
+    void restoreCustomPrompt(const PromptDefinition &prompt, qsizetype position);
+    void select(const PromptDefinition &prompt);
     void saveSelectedCustomPrompt();
     [[nodiscard]] PromptDefinition selectedPrompt() const;
     // The end of the list when a built-in prompt is selected.
     [[nodiscard]] QList<PromptDefinition>::iterator selectedCustomPrompt();
 
     const MainWindowCallbacks &m_callbacks;
+    DeletionUndo &m_deletions;
     PromptSettings m_promptSettings;
     QComboBox *m_promptMenu;
     PasteEnabledTextField *m_promptNameField;
     PasteEnabledTextView *m_promptTextView;
+    ClosureButton *m_deleteButton;
+    ClosureButton *m_saveButton;
     TextLabel *m_promptStatusLabel;
 };

@@ -48,6 +48,12 @@ void ElidedText::setWidth(int width)
     }
 }
 
+void ElidedText::setMaximumLines(int maximumLines)
+{
+    m_maximumLines = maximumLines;
+    m_width = 0;
+}
+
 int ElidedText::height() const
 {
     return int(std::ceil(m_layout.boundingRect().height()));
@@ -74,7 +80,8 @@ void ElidedText::draw(QPainter &painter, QPointF topLeft)
 // Characters that most likely fill the lines: Chinese ones are as wide as high, others half of it.
 qsizetype ElidedText::likelyLength() const
 {
-    const auto squares = qsizetype(m_maximumLines + 1) * m_width / m_layout.font().pixelSize() + 1;
+    const auto squares =
+        (qsizetype(m_maximumLines) + 1) * m_width / m_layout.font().pixelSize() + 1;
     const auto beginning = QStringView(m_text).left(squares);
     return squares
         + std::ranges::count_if(beginning, [](QChar character) { return character < u'\u2e80'; });

@@ -14,6 +14,8 @@ public:
     // Lays the text out in lines of this width, in logical pixels and at least 1. To be called
     // before the rest.
     void setWidth(int width);
+    // Takes effect with the next width, which must follow.
+    void setMaximumLines(int maximumLines);
     // In logical pixels.
     [[nodiscard]] int height() const;
     // The lines as they are drawn.

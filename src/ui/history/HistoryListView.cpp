@@ -27,6 +27,9 @@ void HistoryListView::setStack(HistoryStackView *stack)
     const auto oldFocus = focus();
     auto *oldStack = std::exchange(m_stack, stack);
     stack->setParent(widget());
+    stack->installEventFilter(this);
+    const auto current = std::ranges::find(stack->rows(), m_currentId, &HistoryStackView::Row::id);
+    setCurrentRow(current == stack->rows().end() ? 0 : size_t(current - stack->rows().begin()));
     layOut();
     stack->show();
     // The old focus is left before its row goes: Qt would move it out of the list in between.
@@ -57,13 +60,19 @@ void HistoryListView::keyPressEvent(QKeyEvent *event)
         return;
     }
     const auto last = m_stack->rows().size() - 1;
-    auto row = current->row;
+    auto [id, row, target] = *current;
     switch (event->key()) {
     case Qt::Key_Up:
-        row = row > 0 ? row - 1 : 0;
+        row -= std::min<size_t>(row, 1);
         break;
     case Qt::Key_Down:
         row = std::min(row + 1, last);
+        break;
+    case Qt::Key_Left:
+        target -= std::min<size_t>(target, 1);
+        break;
+    case Qt::Key_Right:
+        target = std::min(target + 1, m_stack->rows()[row].view->focusTargets().size() - 1);
         break;
     case Qt::Key_Home:
         row = 0;
@@ -71,12 +80,27 @@ void HistoryListView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_End:
         row = last;
         break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (target == 0) {
+            m_stack->rows()[row].view->toggleExpanded();
+            break;
+        }
+        [[fallthrough]];
     default:
         QScrollArea::keyPressEvent(event);
         return;
     }
-    focusRow(row, current->target);
+    focusRow(row, target);
     ensureWidgetVisible(m_stack->rows()[row].view);
+}
+
+// A row that becomes higher or lower asks for a layout.
+bool HistoryListView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_stack && event->type() == QEvent::LayoutRequest)
+        layOut();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void HistoryListView::resizeEvent(QResizeEvent *event)
@@ -155,7 +179,17 @@ void HistoryListView::restoreFocus(const Focus &old)
 
 void HistoryListView::focusRow(size_t row, size_t target)
 {
+    setCurrentRow(row);
     m_stack->rows()[row].view->focusTargets().at(target)->setFocus(Qt::OtherFocusReason);
+}
+
+void HistoryListView::setCurrentRow(size_t row)
+{
+    const auto &rows = m_stack->rows();
+    for (size_t i = 0; i < rows.size(); ++i)
+        rows[i].view->setFocusPolicy(i == row ? Qt::TabFocus : Qt::NoFocus);
+    if (row < rows.size())
+        m_currentId = rows[row].id;
 }
 
 // To find out whether there has to be a scroll bar, rows are laid out a second time only where

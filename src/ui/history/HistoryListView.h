@@ -11,8 +11,10 @@
 class HistoryStackView;
 
 // The scrolling list of the transcript history. Its stack is replaced as a whole; rows are known by
-// their ids, so that the position and the keyboard focus outlive that. Up, Down, Home and End move
-// the focus from row to row. Whoever comes back to it finds it at the top.
+// their ids, so that the position and the keyboard focus outlive that. It is one stop for Tab:
+// within it Up, Down, Home and End move the focus from row to row, Left and Right between the row
+// and its actions. Return shows the whole text of the row, or less of it. Whoever comes back to it
+// finds it at the top.
 class HistoryListView final : public QScrollArea
 {
 public:
@@ -50,10 +52,14 @@ private:
     [[nodiscard]] std::optional<Focus> focus() const;
     void restoreFocus(const Focus &old);
     void focusRow(size_t row, size_t target);
+    // Makes this the row that Tab goes to.
+    void setCurrentRow(size_t row);
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void layOut();
     void updateHover();
 
     HistoryStackView *m_stack = nullptr;
+    QUuid m_currentId; // of the row that Tab goes to
     // In the viewport, while it is there.
     std::optional<QPoint> m_pointer;
 };

@@ -3,6 +3,7 @@
 #include "HistoryPage.h"
 
 #include "ClipboardWriter.h"
+#include "DeletionUndo.h"
 #include "HistoryDateHeaderView.h"
 #include "HistoryListView.h"
 #include "HistoryRowView.h"
@@ -14,6 +15,8 @@
 
 #include <QLocale>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -28,9 +31,11 @@ QString formatted(const QDateTime &date, const QString &format)
 
 HistoryPage::HistoryPage(HistoryStore &store,
                          const MainWindowCallbacks &callbacks,
+                         DeletionUndo &deletions,
                          std::function<QDateTime()> clock)
     : m_store(store)
     , m_callbacks(callbacks)
+    , m_deletions(deletions)
     , m_clock(std::move(clock))
     , m_list(new HistoryListView)
 {
@@ -72,12 +77,22 @@ QString HistoryPage::dateHeaderText(const QDateTime &date) const
 
 HistoryRowView *HistoryPage::makeRow(const HistoryItem &item)
 {
-    const auto remove = [this, id = item.id] {
-        m_store.remove(id);
-        reloadHistory();
-    };
+    const auto remove = [this, id = item.id] { this->remove(id); };
     const auto paste = [this, text = item.polished] { m_callbacks.onPasteHistory(text); };
     const auto copy = [text = item.polished] { ClipboardWriter::copy(text); };
     return new HistoryRowView(
         formatted(item.createdAt, u"HH:mm"_s), item.polished, paste, copy, remove);
+}
+
+void HistoryPage::remove(const QUuid &id)
+{
+    const auto &items = m_store.items();
+    const auto item = std::ranges::find(items, id, &HistoryItem::id);
+    if (item != items.end())
+        m_deletions.add([this, former = *item, position = item - items.begin()] {
+            m_store.restore(former, position);
+            reloadHistory();
+        });
+    m_store.remove(id);
+    reloadHistory();
 }

@@ -8,6 +8,7 @@
 #include <functional>
 
 struct HistoryItem;
+class DeletionUndo;
 class HistoryListView;
 class HistoryRowView;
 class HistoryStore;
@@ -18,11 +19,12 @@ struct MainWindowCallbacks;
 class HistoryPage final : public QWidget
 {
 public:
-    // The list is empty until the first reload. Store and callbacks must outlive the page; the
-    // clock tells the current time.
+    // The list is empty until the first reload. What is given by reference must outlive the page;
+    // the clock tells the current time.
     HistoryPage(
         HistoryStore &store,
         const MainWindowCallbacks &callbacks,
+        DeletionUndo &deletions,
         std::function<QDateTime()> clock = [] { return QDateTime::currentDateTime(); });
 
     // Shows the store's items, under the days that they belong to in the time zone and at the hour
@@ -33,9 +35,11 @@ public:
 
 private:
     [[nodiscard]] HistoryRowView *makeRow(const HistoryItem &item);
+    void remove(const QUuid &id);
 
     HistoryStore &m_store;
     const MainWindowCallbacks &m_callbacks;
+    DeletionUndo &m_deletions;
     std::function<QDateTime()> m_clock;
     HistoryListView *m_list;
 };

@@ -8,11 +8,12 @@
 #include "InterfaceFont.h"
 #include "Palette.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +50,6 @@ HistoryRowView::HistoryRowView(const QString &timeText,
       }
 {
     setFont(interfaceFont(12, QFont::Medium));
-    setFocusPolicy(Qt::TabFocus);
     setAccessibleRole(*this, QAccessible::ListItem, timeText + u' ' + polishedText);
     for (auto *action : m_actions) {
         action->setParent(this);
@@ -70,6 +70,14 @@ void HistoryRowView::setHovered(bool isHovered)
         return;
     m_isHovered = isHovered;
     fadeActions();
+}
+
+void HistoryRowView::toggleExpanded()
+{
+    m_isExpanded = !m_isExpanded;
+    m_text.setMaximumLines(m_isExpanded ? std::numeric_limits<int>::max() : maximumLines);
+    updateGeometry();
+    update();
 }
 
 std::array<QWidget *, 4> HistoryRowView::focusTargets()
@@ -105,6 +113,14 @@ void HistoryRowView::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
     setFocusInside(false);
+}
+
+void HistoryRowView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool isOnText =
+        event->pos().x() >= textLeft && event->pos().x() < width() - textRightInset;
+    if (event->button() == Qt::LeftButton && isOnText && rect().contains(event->pos()))
+        toggleExpanded();
 }
 
 void HistoryRowView::paintEvent(QPaintEvent *)

@@ -12,9 +12,9 @@
 
 class IconClosureButton;
 
-// One result of the transcript history: its time, at most four lines of its text, and three
-// buttons, which fade in while the pointer is on the row or the keyboard focus is in it. Invisible
-// they work all the same.
+// One result of the transcript history: its time, at most four lines of its text unless it is
+// expanded, by a click on it for instance, and three buttons, which fade in while the pointer is on
+// the row or the keyboard focus is in it. Invisible they work all the same.
 class HistoryRowView final : public QWidget
 {
 public:
@@ -26,6 +26,8 @@ public:
                    std::function<void()> onDelete);
 
     void setHovered(bool isHovered);
+    // Shows the whole text, or four lines of it again.
+    void toggleExpanded();
     // Of the buttons and the background: from 0 (invisible) to 1.
     [[nodiscard]] double actionOpacity() const { return m_actionOpacity; }
     // What takes the keyboard focus, in tab order: the row itself and its buttons.
@@ -39,6 +41,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -54,6 +57,7 @@ private:
     std::array<IconClosureButton *, 3> m_actions;
     QVariantAnimation m_fade;
     double m_actionOpacity = 0;
+    bool m_isExpanded = false;
     bool m_isHovered = false;
     bool m_isFocusInside = false;
 };

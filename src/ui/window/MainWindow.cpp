@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 
 #include "AppRuntime.h"
+#include "DeletionUndo.h"
 #include "EditingInput.h"
 #include "Sidebar.h"
 
@@ -19,9 +20,10 @@ constexpr QSize smallestSize(860, 620);
 
 } // namespace
 
-MainWindow::MainWindow(QList<MainWindowItem> items)
+MainWindow::MainWindow(QList<MainWindowItem> items, DeletionUndo &deletions)
     : RegularWindow(AppRuntime::appName)
     , m_items(std::move(items))
+    , m_deletions(deletions)
     , m_sidebar(new Sidebar(m_items, [this](MainWindowPage page) { switchTo(page); }))
     , m_pages(new QStackedLayout)
 {
@@ -48,11 +50,32 @@ void MainWindow::switchTo(MainWindowPage page)
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    const auto widgets = m_pages->currentWidget()->findChildren<QWidget *>();
-    const bool isTaken = std::ranges::any_of(widgets, [event](QWidget *widget) {
-        auto *input = dynamic_cast<EditingInput *>(widget);
-        return input && input->performKeyEquivalent(*event);
-    });
-    if (!isTaken)
+    if (!performShortcut(*event))
         RegularWindow::keyPressEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_deletions.clear();
+    RegularWindow::closeEvent(event);
+}
+
+bool MainWindow::performShortcut(const QKeyEvent &event)
+{
+    const auto key = editingShortcut(event);
+    if (!key)
+        return false;
+    if (const int number = *key - Qt::Key_1; number >= 0 && number < m_items.size()) {
+        switchTo(m_items[number].page);
+        return true;
+    }
+    if (key == Qt::Key_Z) {
+        m_deletions.undoLast();
+        return true;
+    }
+    const auto widgets = m_pages->currentWidget()->findChildren<QWidget *>();
+    return std::ranges::any_of(widgets, [&event](QWidget *widget) {
+        auto *input = dynamic_cast<EditingInput *>(widget);
+        return input && input->performKeyEquivalent(event);
+    });
 }

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class DeletionUndo;
 class QStackedLayout;
 class Sidebar;
 
@@ -15,7 +16,8 @@ class MainWindow final : public RegularWindow
 {
 public:
     // The pages in sidebar order; the window takes their views over.
-    explicit MainWindow(QList<MainWindowItem> items);
+    // What was deleted can be had back until the window is closed.
+    MainWindow(QList<MainWindowItem> items, DeletionUndo &deletions);
 
     // Absent before the first page is shown.
     [[nodiscard]] std::optional<MainWindowPage> currentPage() const { return m_currentPage; }
@@ -24,11 +26,16 @@ public:
 
 protected:
     // Gets the keys that the focused control has left alone: an editing shortcut goes to the first
-    // text field or view of the page that takes it.
+    // text field or view of the page that takes it, Control + 1 to 4 switch pages and Control + Z
+    // undoes the last deletion.
     void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
+    [[nodiscard]] bool performShortcut(const QKeyEvent &event);
+
     QList<MainWindowItem> m_items;
+    DeletionUndo &m_deletions;
     Sidebar *m_sidebar;
     QStackedLayout *m_pages;
     std::optional<MainWindowPage> m_currentPage;

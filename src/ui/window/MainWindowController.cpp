@@ -48,11 +48,11 @@ bool MainWindowController::isVisible() const
 
 void MainWindowController::buildWindow()
 {
-    m_gettingStartedPage =
-        new GettingStartedPage(m_callbacks, m_tutorialWindowController, m_keyCharacters);
-    m_historyPage = new HistoryPage(m_store, m_callbacks);
-    m_dictionaryPage = new DictionaryPage(m_callbacks);
-    m_window = std::make_unique<MainWindow>(QList<MainWindowItem>{
+    m_gettingStartedPage = new GettingStartedPage(
+        m_callbacks, m_deletions, m_tutorialWindowController, m_keyCharacters);
+    m_historyPage = new HistoryPage(m_store, m_callbacks, m_deletions);
+    m_dictionaryPage = new DictionaryPage(m_callbacks, m_deletions);
+    QList<MainWindowItem> items{
         {MainWindowPage::GettingStarted,
          u"开始使用"_s,
          u"house"_s,
@@ -73,7 +73,8 @@ void MainWindowController::buildWindow()
          u"person.crop.circle"_s,
          new ContactPage(m_callbacks),
          [] {}},
-    });
+    };
+    m_window = std::make_unique<MainWindow>(std::move(items), m_deletions);
 }
 
 // Costs little when nothing has changed: a dictation waits for it before its text is pasted.

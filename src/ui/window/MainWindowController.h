@@ -4,6 +4,7 @@
 
 #include "APIKeyTutorialWindowController.h"
 #include "AppConfig.h"
+#include "DeletionUndo.h"
 #include "HotKeyCaptureButton.h"
 #include "MainWindowCallbacks.h"
 #include "MainWindowPage.h"
@@ -42,6 +43,7 @@ private:
     HistoryStore &m_store;
     HotKeyCaptureButton::KeyCharacters m_keyCharacters;
     const MainWindowCallbacks m_callbacks;
+    DeletionUndo m_deletions;
     APIKeyTutorialWindowController m_tutorialWindowController;
     std::unique_ptr<MainWindow> m_window;
     // The window's.

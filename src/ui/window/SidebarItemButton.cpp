@@ -31,6 +31,7 @@ SidebarItemButton::SidebarItemButton(const QString &title,
     setCheckable(true);
     setAutoExclusive(true); // to screen readers, one of several
     setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
     setFixedHeight(itemHeight);
     connect(this, &QAbstractButton::clicked, this, std::move(onClick));
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "DeletionUndo.h"
 #include "DictionaryChipButton.h"
 #include "DictionaryPage.h"
 #include "MainWindowCallbacks.h"
@@ -69,7 +70,8 @@ protected:
         .onPersonalDictionaryChange = [this](const PersonalDictionaryConfig &dictionary) {
             m_reported.push_back(dictionary.terms);
         }};
-    DictionaryPage m_page{m_callbacks};
+    DeletionUndo m_deletions;
+    DictionaryPage m_page{m_callbacks, m_deletions};
     QLineEdit *m_field = m_page.findChild<QLineEdit *>();
 };
 

@@ -3,6 +3,7 @@
 #include "APIKeyTutorialWindowController.h"
 #include "AccessibleWidgets.h"
 #include "Appearance.h"
+#include "DeletionUndo.h"
 #include "GettingStartedPage.h"
 #include "MainWindowCallbacks.h"
 
@@ -91,7 +92,9 @@ protected:
             },
     };
     APIKeyTutorialWindowController m_tutorial;
-    GettingStartedPage m_page{m_callbacks, m_tutorial, [](quint32) { return QString(); }};
+    DeletionUndo m_deletions;
+    GettingStartedPage m_page{
+        m_callbacks, m_deletions, m_tutorial, [](quint32) { return QString(); }};
     QComboBox *m_menu = m_page.findChild<QComboBox *>();
     QLineEdit *m_name = find(u"指令名称"_s);
     QPlainTextEdit *m_text = find<QPlainTextEdit>(u"指令内容"_s);

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "DeletionUndo.h"
 #include "HistoryPage.h"
 #include "HistoryRowView.h"
 #include "HistoryStore.h"
@@ -54,7 +55,7 @@ protected:
             });
         m_home.write(u".wrenfold/history.json"_s, QJsonDocument(items).toJson());
         m_store.emplace();
-        m_page.emplace(*m_store, m_callbacks, [this] { return m_now; });
+        m_page.emplace(*m_store, m_callbacks, m_deletions, [this] { return m_now; });
         m_page->resize(712, 680);
         m_page->show();
         m_page->activateWindow();
@@ -103,6 +104,7 @@ protected:
     QStringList m_pasted;
     const MainWindowCallbacks m_callbacks{
         .onPasteHistory = [this](const QString &text) { m_pasted.append(text); }};
+    DeletionUndo m_deletions;
     std::optional<HistoryStore> m_store;
     std::optional<HistoryPage> m_page;
 };
