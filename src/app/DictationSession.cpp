@@ -262,7 +262,11 @@ void DictationSession::process(Recording &recording, AppConfig config)
         m_mainQueue.post([=, this] { showProcessingFailure(error, stage, polishedText, secrets); });
     }
     QFile::remove(audioURL.toLocalFile());
-    m_mainQueue.post([this] { endProcessing(); });
+    m_mainQueue.post([this, isKept = polishedText.has_value()] {
+        endProcessing();
+        if (isKept)
+            m_host.refreshMainWindow(); // the paste does not wait for it
+    });
 }
 
 void DictationSession::announcePolishing()
@@ -274,7 +278,6 @@ void DictationSession::announcePolishing()
 void DictationSession::keep(const QString &transcript, const QString &polished)
 {
     m_history.add(transcript, polished);
-    m_host.refreshMainWindow();
 }
 
 void DictationSession::endProcessing()
