@@ -3,6 +3,7 @@
 #include "HeldWindow.h"
 
 #include "BareWindow.h"
+#include "EventLoopMainQueue.h"
 #include "HistoryStore.h"
 #include "MainWindowController.h"
 #include "PageWindow.h"
@@ -32,8 +33,9 @@ QList<qsizetype> widgetsOfPages(const QWidget &window)
 
 void holdWindow(const QStringList &arguments)
 {
+    EventLoopMainQueue queue;
     HistoryStore store;
-    MainWindowController controller(store, {}, {});
+    MainWindowController controller(queue, store, {}, {});
     std::unique_ptr<BareWindow> bare;
     QList<qsizetype> counts;
     for (const auto &count : arguments.mid(1))

@@ -5,6 +5,7 @@
 #include "BareWindow.h"
 #include "Clock.h"
 #include "DictionaryChipCloudView.h"
+#include "EventLoopMainQueue.h"
 #include "HeldWindow.h"
 #include "HistoryPage.h"
 #include "HistoryStore.h"
@@ -194,10 +195,11 @@ void WindowBenchmark::measureWindow()
     auto built = row("Window: first build", 150);
     auto shown = row("Window: show again", 50);
     auto switched = row("Window: page switch", 30);
+    EventLoopMainQueue queue;
     HistoryStore store;
     const AppConfig config;
     for (int run = 0; run < runs; ++run) {
-        MainWindowController controller(store, {}, {});
+        MainWindowController controller(queue, store, {}, {});
         const auto show = [&]() -> QWidget & {
             controller.show(config, MainWindowPage::GettingStarted);
             return mainWindow();

@@ -97,7 +97,8 @@ void AppDelegate::launch()
 
 void AppDelegate::applicationShouldHandleReopen()
 {
-    const bool hasVisibleWindows = m_mainWindowController && m_mainWindowController->isVisible();
+    const bool hasVisibleWindows =
+        m_mainWindowController && m_mainWindowController->hasVisibleWindow();
     AppLogger::info("Application reopen requested. hasVisibleWindows="_L1
                     + flagText(hasVisibleWindows));
     showGettingStarted();
@@ -243,7 +244,7 @@ MainWindowController &AppDelegate::mainWindow()
         return *m_mainWindowController;
     Appearance::install();
     m_mainWindowController = std::make_unique<MainWindowController>(
-        m_historyStore, m_backends.keyCharacters, windowCallbacks());
+        m_mainQueue, m_historyStore, m_backends.keyCharacters, windowCallbacks());
     return *m_mainWindowController;
 }
 

@@ -3,7 +3,9 @@
 #include "Description.h"
 
 #include "Appearance.h"
+#include "WaitUntil.h"
 
+#include <QAbstractAnimation>
 #include <QAccessible>
 #include <QApplication>
 #include <QMetaEnum>
@@ -12,6 +14,8 @@
 #include <QPainterPath>
 #include <QRegularExpression>
 #include <QWidget>
+
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -207,6 +211,14 @@ QString tabOrder(const QWidget &window)
     return names.join(u" · "_s);
 }
 
+bool isMoving(const QWidget &window)
+{
+    const auto animations = window.findChildren<QAbstractAnimation *>();
+    return std::ranges::any_of(animations, [](const QAbstractAnimation *animation) {
+        return animation->state() == QAbstractAnimation::Running;
+    });
+}
+
 // The same words once; where they differ "light|dark".
 QString merged(const QString &light, const QString &dark)
 {
@@ -226,9 +238,8 @@ QString merged(const QString &light, const QString &dark)
 
 QString describe(QWidget &window)
 {
-    if (auto *focused = window.focusWidget())
-        focused->clearFocus();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(waitUntil([&window] { return !isMoving(window); }));
     QApplication::processEvents();
     Paper paper;
     QStringList lines;
@@ -240,10 +251,36 @@ QString describe(QWidget &window)
 
 QString describeInBothSchemes(QWidget &window)
 {
+    if (auto *focused = window.focusWidget())
+        focused->clearFocus();
     const auto light = describe(window);
     Appearance::setColorScheme(ColorScheme::Dark);
     const auto dark = describe(window);
     Appearance::setColorScheme(ColorScheme::Light);
     const auto again = describe(window); // what comes back is what was there
     return merged(light, dark) + (again == light ? QString() : u"LIGHT AGAIN\n"_s + again);
+}
+
+Story::Story(QWidget &window)
+    : m_window(window)
+{
+    begin();
+}
+
+void Story::begin()
+{
+    m_lines = describe(m_window).split(u'\n');
+}
+
+void Story::tell(const QString &step)
+{
+    const auto lines = describe(m_window).split(u'\n');
+    m_text += u"== "_s + step + u'\n';
+    for (const auto &line : std::as_const(m_lines))
+        if (!lines.contains(line))
+            m_text += u'-' + line + u'\n';
+    for (const auto &line : lines)
+        if (!m_lines.contains(line))
+            m_text += u'+' + line + u'\n';
+    m_lines = lines;
 }

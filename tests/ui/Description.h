@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -15,3 +15,21 @@ class QWidget;
 // The window in the light and in the dark scheme, the latter put on while it is shown. Where they
 // differ, both are told: "light|dark".
 [[nodiscard]] QString describeInBothSchemes(QWidget &window);
+
+// What a user does with a window, told by what comes (+) and goes (-) of its description.
+class Story final
+{
+public:
+    explicit Story(QWidget &window);
+
+    // Goes on from what the window shows now.
+    void begin();
+    // Tells what has changed since.
+    void tell(const QString &step);
+    [[nodiscard]] const QString &text() const { return m_text; }
+
+private:
+    QWidget &m_window;
+    QStringList m_lines;
+    QString m_text;
+};

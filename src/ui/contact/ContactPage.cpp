@@ -111,21 +111,22 @@ QWidget *makeDiagnosticsPanel(const MainWindowCallbacks &callbacks)
 
 ContactPage::ContactPage(const MainWindowCallbacks &callbacks, const ContactDetails &details)
 {
-    auto *content = new QWidget;
     auto *layout = makeStack(0);
     layout->setContentsMargins(44, 46, 44, 44);
+    const bool hasContact = details != ContactDetails();
     layout->addWidget(makeTitleBlock(
-        u"联系作者"_s, u"有问题、建议、合作想法，或者想获取后续更新，可以通过下面方式找到我。"_s));
+        u"联系作者"_s,
+        hasContact ? u"有问题、建议、合作想法，或者想获取后续更新，可以通过下面方式找到我。"_s
+                   : u"遇到问题时，可以从下面的日志查起。"_s));
     layout->addSpacing(32);
-    if (details != ContactDetails()) {
+    if (hasContact) {
         layout->addWidget(makeContactPanel(details));
         layout->addSpacing(18);
     }
     layout->addWidget(makeDiagnosticsPanel(callbacks));
     layout->addStretch();
     // The cards of all details are higher than the smallest window.
-    content->setLayout(layout);
     auto *pageLayout = makeStack(0);
-    pageLayout->addWidget(makeScrollView(content));
+    pageLayout->addWidget(makePageScrollView(layout));
     setLayout(pageLayout);
 }

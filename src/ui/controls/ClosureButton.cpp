@@ -41,6 +41,10 @@ void ClosureButton::setDead(bool isDead)
 void ClosureButton::initStyleOption(QStyleOptionButton *option) const
 {
     QPushButton::initStyleOption(option);
+    if (m_style == Style::Primary && !m_isDead) {
+        option->palette.setColor(QPalette::Button, Palette::color(SemanticColor::PrimaryFill));
+        option->palette.setColor(QPalette::ButtonText, Qt::white);
+    }
     if (m_isDead) {
         option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
         option->palette.setCurrentColorGroup(QPalette::Disabled);
@@ -49,17 +53,17 @@ void ClosureButton::initStyleOption(QStyleOptionButton *option) const
 
 QSize ClosureButton::sizeHint() const
 {
-    if (m_style == Style::Rounded)
+    if (m_style != Style::Link)
         return QPushButton::sizeHint();
     return fontMetrics().size(Qt::TextSingleLine, text()) + QSize(linkMargin, 2 * linkMargin);
 }
 
 void ClosureButton::paintEvent(QPaintEvent *event)
 {
-    if (m_style == Style::Rounded)
-        QPushButton::paintEvent(event);
-    else
+    if (m_style == Style::Link)
         paintLink();
+    else
+        QPushButton::paintEvent(event);
 }
 
 void ClosureButton::paintLink()

@@ -12,6 +12,8 @@ class ClosureButton final : public QPushButton
 public:
     enum class Style {
         Rounded,
+        // The same, filled: what a card is there for.
+        Primary,
         // Looks like a link in a text: no border, underlined, left-aligned.
         Link,
     };

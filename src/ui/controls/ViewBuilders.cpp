@@ -7,6 +7,7 @@
 #include "Panel.h"
 #include "SymbolBadge.h"
 #include "TextLabel.h"
+#include "ThinScrollBar.h"
 
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -103,5 +104,15 @@ QScrollArea *ViewBuilders::makeScrollView(QWidget *document)
     view->setWidget(document);
     view->viewport()->setAutoFillBackground(false);
     document->setAutoFillBackground(false);
+    return view;
+}
+
+QScrollArea *ViewBuilders::makePageScrollView(QLayout *page)
+{
+    page->setContentsMargins(page->contentsMargins() - QMargins(0, 0, ThinScrollBar::extent, 0));
+    auto *document = new QWidget;
+    document->setLayout(page);
+    auto *view = makeScrollView(document);
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     return view;
 }

@@ -45,5 +45,8 @@ makeWrappingLabel(const QString &text, const QFont &font, SemanticColor color);
 // A vertical scroller without border and background. The document is as wide as the view; it is
 // taken over.
 [[nodiscard]] QScrollArea *makeScrollView(QWidget *document);
+// The same for the layout of a whole page: the scroller stands in its right margin, so that cards
+// end at the same place whether there is something to scroll or not.
+[[nodiscard]] QScrollArea *makePageScrollView(QLayout *page);
 
 } // namespace ViewBuilders

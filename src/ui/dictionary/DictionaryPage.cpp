@@ -40,10 +40,8 @@ DictionaryPage::DictionaryPage(const MainWindowCallbacks &callbacks, DeletionUnd
         u"词库"_s,
         u"把常用专业词、英文名、人名和品牌名加入词库，让相似发音更倾向于识别成这些词。"_s));
     contentLayout->addWidget(makeTermsPanel(), 1);
-    auto *content = new QWidget;
-    content->setLayout(contentLayout);
     // The smallest window is a little less high than what the card needs.
-    m_scrollView = makeScrollView(content);
+    m_scrollView = makePageScrollView(contentLayout);
     auto *layout = makeStack(0);
     layout->addWidget(m_scrollView);
     setLayout(layout);
@@ -74,7 +72,7 @@ QLayout *DictionaryPage::makeInputRow()
     connect(
         m_newTermField, &QLineEdit::returnPressed, this, [this] { addPersonalDictionaryTerms(); });
     auto *button = new ClosureButton(
-        u"添加"_s, ClosureButton::Style::Rounded, [this] { addPersonalDictionaryTerms(); });
+        u"添加"_s, ClosureButton::Style::Primary, [this] { addPersonalDictionaryTerms(); });
     button->setFixedWidth(addButtonWidth);
 
     auto *row = makeRow(10);
@@ -97,7 +95,7 @@ QWidget *DictionaryPage::makeChipScrollView()
 
 void DictionaryPage::load(const PersonalDictionaryConfig &dictionary)
 {
-    m_newTermField->clear();
+    m_newTermField->setText({}); // that cannot be undone
     if (dictionary != m_personalDictionary) {
         m_personalDictionary = dictionary;
         reloadDictionaryList();
@@ -120,7 +118,7 @@ void DictionaryPage::addPersonalDictionaryTerms()
         return;
     }
     const auto formerCount = m_personalDictionary.terms.size();
-    m_newTermField->clear();
+    m_newTermField->setText({}); // that cannot be undone
     setTerms(m_personalDictionary.terms + added);
     if (m_personalDictionary.terms.size() == formerCount)
         m_statusLabel->setText(u"这些词已经在词库里。"_s);

@@ -26,7 +26,7 @@ APIKeySection::APIKeySection(const MainWindowCallbacks &callbacks,
     , m_apiStatusLabel(makeWrappingLabel({}, interfaceFont(12), SemanticColor::SecondaryLabel))
 {
     auto *saveButton =
-        new ClosureButton(u"保存 API"_s, ClosureButton::Style::Rounded, [this] { saveAPIKeys(); });
+        new ClosureButton(u"保存 API"_s, ClosureButton::Style::Primary, [this] { saveAPIKeys(); });
     saveButton->setFixedWidth(96);
     auto *layout = makeStack(14);
     layout->addWidget(makeSectionHeader(

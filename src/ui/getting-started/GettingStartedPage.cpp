@@ -21,7 +21,7 @@ GettingStartedPage::GettingStartedPage(const MainWindowCallbacks &callbacks,
     : m_apiKeySection(new APIKeySection(callbacks, tutorial))
     , m_hotKeySection(new HotKeySection(callbacks, std::move(keyCharacters)))
     , m_promptSection(new PromptSection(callbacks, deletions))
-    , m_scrollView(makeScrollView(makeDocument()))
+    , m_scrollView(makePageScrollView(makeDocument()))
 {
     auto *layout = makeStack(0);
     layout->addWidget(m_scrollView);
@@ -40,7 +40,7 @@ void GettingStartedPage::scrollToTop()
     m_scrollView->verticalScrollBar()->setValue(0);
 }
 
-QWidget *GettingStartedPage::makeDocument()
+QLayout *GettingStartedPage::makeDocument()
 {
     auto *layout = makeStack(18);
     layout->setContentsMargins(32, 28, 32, 28);
@@ -50,7 +50,5 @@ QWidget *GettingStartedPage::makeDocument()
     layout->addWidget(makePanel(m_hotKeySection));
     layout->addWidget(makePanel(m_promptSection));
     layout->addStretch();
-    auto *document = new QWidget;
-    document->setLayout(layout);
-    return document;
+    return layout;
 }

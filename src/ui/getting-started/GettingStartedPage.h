@@ -28,7 +28,7 @@ public:
     void scrollToTop();
 
 private:
-    [[nodiscard]] QWidget *makeDocument();
+    [[nodiscard]] QLayout *makeDocument();
 
     APIKeySection *m_apiKeySection;
     HotKeySection *m_hotKeySection;

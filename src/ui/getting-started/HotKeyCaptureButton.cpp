@@ -3,6 +3,7 @@
 #include "HotKeyCaptureButton.h"
 
 #include "HotKeyFormatter.h"
+#include "HotKeyWords.h"
 #include "InterfaceFont.h"
 #include "KeyCodes.h"
 #include "VirtualKey.h"
@@ -73,13 +74,14 @@ HotKeyCaptureButton::HotKeyCaptureButton(KeyCharacters keyCharacters, QWidget *p
     : QPushButton(parent)
     , m_keyCharacters(std::move(keyCharacters))
 {
-    setAccessibleDescription(u"快捷键"_s);
+    showWords();
     connect(this, &QPushButton::clicked, this, &HotKeyCaptureButton::beginCapture);
 }
 
 void HotKeyCaptureButton::setHotKey(const HotKeyConfig &hotKey)
 {
     m_currentDisplayName = hotKey.displayName;
+    showWords();
     if (!m_isCapturing)
         showTitle(m_currentDisplayName);
 }
@@ -227,8 +229,16 @@ void HotKeyCaptureButton::endCapture()
 void HotKeyCaptureButton::finishCapture(const HotKeyConfig &hotKey)
 {
     m_currentDisplayName = hotKey.displayName;
+    showWords();
     endCapture();
     onCapture(hotKey);
+}
+
+void HotKeyCaptureButton::showWords()
+{
+    const auto words = hotKeyInWords(m_currentDisplayName);
+    setToolTip(words);
+    setAccessibleDescription(u"快捷键 "_s + words);
 }
 
 void HotKeyCaptureButton::showTitle(const QString &title)

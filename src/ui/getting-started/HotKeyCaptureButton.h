@@ -28,8 +28,9 @@ public:
 
     // Never empty. Called with each new hotkey. The button shows it already.
     std::function<void(const HotKeyConfig &)> onCapture = [](const HotKeyConfig &) {};
-    // Never empty. Called with true when the button waits for a hotkey in the active window, and with false when
-    // it does so no more: before onCapture, and whenever it is hidden or the window is left.
+    // Never empty. Called with true when the button waits for a hotkey in the active window, and
+    // with false when it does so no more: before onCapture, and whenever it is hidden or the window
+    // is left.
     std::function<void(bool)> onCapturingChange = [](bool) {};
 
 protected:
@@ -47,6 +48,7 @@ private:
     void endCapture();
     void finishCapture(const HotKeyConfig &hotKey);
     void showTitle(const QString &title);
+    void showWords();
     void reportCapturing();
     [[nodiscard]] bool isLevelShiftDown() const;
     [[nodiscard]] quint32 modifierFlags() const;

@@ -3,6 +3,7 @@
 #include "HotKeySection.h"
 
 #include "ClosureButton.h"
+#include "HotKeyWords.h"
 #include "InterfaceFont.h"
 #include "MainWindowCallbacks.h"
 #include "TextLabel.h"
@@ -17,7 +18,7 @@ HotKeySection::HotKeySection(const MainWindowCallbacks &callbacks,
                              HotKeyCaptureButton::KeyCharacters keyCharacters)
     : m_callbacks(callbacks)
     , m_currentHotKeyLabel(
-        makeWrappingLabel({}, interfaceFont(14, QFont::Medium), SemanticColor::Label))
+          makeWrappingLabel({}, interfaceFont(14, QFont::Medium), SemanticColor::Label))
     , m_captureButton(new HotKeyCaptureButton(std::move(keyCharacters)))
 {
     m_captureButton->setFont(monospacedFont(17, QFont::DemiBold));
@@ -55,7 +56,10 @@ QLayout *HotKeySection::makeButtonRow()
 
 void HotKeySection::showHotKey(const HotKeyConfig &hotKey)
 {
+    const auto words = hotKeyInWords(hotKey.displayName);
     m_currentHotKeyLabel->setText(u"当前快捷键："_s + hotKey.displayName);
+    m_currentHotKeyLabel->setToolTip(words);
+    m_currentHotKeyLabel->setAccessibleDescription(words);
 }
 
 void HotKeySection::changeHotKey(const HotKeyConfig &hotKey)

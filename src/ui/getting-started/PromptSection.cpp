@@ -36,9 +36,12 @@ QString textOf(const QPlainTextEdit &view)
         .replace(QChar::LineSeparator, u'\n');
 }
 
-ClosureButton *makeButton(const QString &title, int width, std::function<void()> action)
+ClosureButton *makeButton(const QString &title,
+                          int width,
+                          std::function<void()> action,
+                          ClosureButton::Style style = ClosureButton::Style::Rounded)
 {
-    auto *button = new ClosureButton(title, ClosureButton::Style::Rounded, std::move(action));
+    auto *button = new ClosureButton(title, style, std::move(action));
     button->setFixedWidth(width);
     return button;
 }
@@ -52,7 +55,8 @@ PromptSection::PromptSection(const MainWindowCallbacks &callbacks, DeletionUndo 
     , m_promptNameField(new PasteEnabledTextField)
     , m_promptTextView(new PasteEnabledTextView)
     , m_deleteButton(makeButton(u"删除"_s, 72, [this] { deleteSelectedCustomPrompt(); }))
-    , m_saveButton(makeButton(u"保存指令"_s, 92, [this] { saveSelectedCustomPrompt(); }))
+    , m_saveButton(makeButton(
+          u"保存指令"_s, 92, [this] { saveSelectedCustomPrompt(); }, ClosureButton::Style::Primary))
     , m_promptStatusLabel(makeWrappingLabel({}, interfaceFont(12), SemanticColor::TertiaryLabel))
 {
     m_promptNameField->setAccessibleName(u"指令名称"_s);

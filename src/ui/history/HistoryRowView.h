@@ -55,7 +55,7 @@ private:
     // Laid out when its height is asked for.
     mutable ElidedText m_text;
     std::array<IconClosureButton *, 3> m_actions;
-    QVariantAnimation m_fade;
+    QVariantAnimation m_fade{this};
     double m_actionOpacity = 0;
     bool m_isExpanded = false;
     bool m_isHovered = false;

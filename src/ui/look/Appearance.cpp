@@ -6,6 +6,7 @@
 #include "InterfaceStyle.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QPalette>
 #include <QTranslator>
@@ -53,6 +54,7 @@ void Appearance::install()
     QApplication::setStyle(new InterfaceStyle);
     QApplication::setFont(interfaceFont(13));
     QApplication::setPalette(applicationPalette());
+    QApplication::setWindowIcon(QIcon(u":/icons/Wrenfold.png"_s));
 }
 
 void Appearance::setColorScheme(ColorScheme scheme)

@@ -64,16 +64,13 @@ QPen outline(const QStyleOption &option, QStyle::State shownWith = QStyle::State
 {
     if ((option.state & shownWith) == shownWith)
         return {Palette::color(SemanticColor::ControlAccent), focusWidth};
-    return {Palette::color(SemanticColor::Label, 0.18), 1};
+    return {Palette::color(SemanticColor::ControlOutline), 1};
 }
 
 void drawButton(QPainter &painter, const QStyleOption &option)
 {
     constexpr auto keyboardFocus = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    drawRoundedRect(painter,
-                    option.rect,
-                    outline(option, keyboardFocus),
-                    Palette::color(SemanticColor::ControlBackground));
+    drawRoundedRect(painter, option.rect, outline(option, keyboardFocus), option.palette.button());
     const bool isEnabled = has(option, QStyle::State_Enabled);
     if (isEnabled && has(option, QStyle::State_Sunken))
         drawRoundedRect(

@@ -23,7 +23,8 @@ ColorScheme &currentScheme()
     return scheme;
 }
 
-// Text colours keep a contrast of at least 4.5 to 1 on the backgrounds they stand on.
+// Text colours keep a contrast of at least 4.5 to 1 on the backgrounds they stand on, outlines one
+// of 3 to 1.
 ColorPair colorPair(SemanticColor color)
 {
     switch (color) {
@@ -55,6 +56,10 @@ ColorPair colorPair(SemanticColor color)
         return {grey(0.94), grey(0.22)};
     case SemanticColor::Separator:
         return {grey(0, 0.12), grey(1, 0.14)};
+    case SemanticColor::ControlOutline:
+        return {grey(0, 0.46), grey(1, 0.44)};
+    case SemanticColor::PrimaryFill:
+        return {QColor(0x0A, 0x6C, 0xE0), QColor(0x0A, 0x6C, 0xE0)};
     }
     Q_UNREACHABLE();
 }

@@ -31,6 +31,10 @@ enum class SemanticColor {
     // Behind the row under the pointer.
     Hover,
     Separator,
+    // Around fields and buttons.
+    ControlOutline,
+    // Behind the white title of a card's primary button.
+    PrimaryFill,
 };
 
 // The colours of the interface in the scheme in force. Main thread only.

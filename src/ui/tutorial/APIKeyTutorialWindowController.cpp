@@ -84,6 +84,17 @@ QTextDocumentFragment APIKeyTutorialWindowController::attributedTutorialBody(con
     return QTextDocumentFragment(&document);
 }
 
+bool APIKeyTutorialWindowController::isVisible() const
+{
+    return m_window && m_window->isVisible();
+}
+
+void APIKeyTutorialWindowController::release()
+{
+    if (!isVisible())
+        m_window.reset();
+}
+
 void APIKeyTutorialWindowController::buildWindow()
 {
     m_window = std::make_unique<RegularWindow>(AppRuntime::appName + u" API 教程"_s);
@@ -97,5 +108,5 @@ void APIKeyTutorialWindowController::buildWindow()
     layout->setContentsMargins(24, 22, 24, 24);
     layout->setSpacing(16);
     layout->addWidget(m_titleLabel);
-    layout->addWidget(m_textView);
+    layout->addWidget(ViewBuilders::makePanel(m_textView));
 }

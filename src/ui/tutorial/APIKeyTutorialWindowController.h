@@ -10,7 +10,8 @@ class RegularWindow;
 class TextLabel;
 class TutorialTextView;
 
-// The window that explains how to get an API key. It is built when first shown, and kept.
+// The window that explains how to get an API key. It is built when first shown, and kept until it
+// is released.
 class APIKeyTutorialWindowController final
 {
 public:
@@ -22,6 +23,10 @@ public:
     // Shows a tutorial, from its start, in the middle of the screen and in front. The body may hold
     // links written as "[label](address)".
     void show(const QString &title, const QString &body);
+
+    [[nodiscard]] bool isVisible() const;
+    // Gives the window's memory back, unless the window is visible.
+    void release();
 
     // The text as shown: of a link with an http or https address only the label is left, which
     // opens the address if that is a valid URL.

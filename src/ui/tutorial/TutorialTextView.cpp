@@ -17,6 +17,8 @@ using namespace Qt::StringLiterals;
 TutorialTextView::TutorialTextView()
 {
     setFont(interfaceFont(14));
+    setFrameShape(NoFrame);
+    viewport()->setAutoFillBackground(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUndoRedoEnabled(false);
     setOpenLinks(false);

@@ -20,10 +20,13 @@ constexpr QSize smallestSize(860, 620);
 
 } // namespace
 
-MainWindow::MainWindow(QList<MainWindowItem> items, DeletionUndo &deletions)
+MainWindow::MainWindow(QList<MainWindowItem> items,
+                       DeletionUndo &deletions,
+                       std::function<void()> onClose)
     : RegularWindow(AppRuntime::appName)
     , m_items(std::move(items))
     , m_deletions(deletions)
+    , m_onClose(std::move(onClose))
     , m_sidebar(new Sidebar(m_items, [this](MainWindowPage page) { switchTo(page); }))
     , m_pages(new QStackedLayout)
 {
@@ -56,8 +59,8 @@ void MainWindow::keyPressEvent(QKeyEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    m_deletions.clear();
     RegularWindow::closeEvent(event);
+    m_onClose();
 }
 
 bool MainWindow::performShortcut(const QKeyEvent &event)

@@ -16,8 +16,7 @@ class MainWindow final : public RegularWindow
 {
 public:
     // The pages in sidebar order; the window takes their views over.
-    // What was deleted can be had back until the window is closed.
-    MainWindow(QList<MainWindowItem> items, DeletionUndo &deletions);
+    MainWindow(QList<MainWindowItem> items, DeletionUndo &deletions, std::function<void()> onClose);
 
     // Absent before the first page is shown.
     [[nodiscard]] std::optional<MainWindowPage> currentPage() const { return m_currentPage; }
@@ -36,6 +35,7 @@ private:
 
     QList<MainWindowItem> m_items;
     DeletionUndo &m_deletions;
+    std::function<void()> m_onClose;
     Sidebar *m_sidebar;
     QStackedLayout *m_pages;
     std::optional<MainWindowPage> m_currentPage;

@@ -8,12 +8,26 @@
 #include "HistoryPage.h"
 #include "MainWindow.h"
 
-using namespace Qt::StringLiterals;
+#include <QPixmapCache>
 
-MainWindowController::MainWindowController(HistoryStore &store,
+#include <malloc.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// Who opens the window again soon finds it as it was.
+constexpr auto releaseDelay = 30s;
+
+} // namespace
+
+MainWindowController::MainWindowController(MainQueue &queue,
+                                           HistoryStore &store,
                                            HotKeyCaptureButton::KeyCharacters keyCharacters,
                                            MainWindowCallbacks callbacks)
-    : m_store(store)
+    : m_queue(queue)
+    , m_store(store)
     , m_keyCharacters(std::move(keyCharacters))
     , m_callbacks(std::move(callbacks))
 {}
@@ -46,6 +60,11 @@ bool MainWindowController::isVisible() const
     return m_window && m_window->isVisible();
 }
 
+bool MainWindowController::hasVisibleWindow() const
+{
+    return isVisible() || m_tutorialWindowController.isVisible();
+}
+
 void MainWindowController::buildWindow()
 {
     m_gettingStartedPage = new GettingStartedPage(
@@ -74,7 +93,10 @@ void MainWindowController::buildWindow()
          new ContactPage(m_callbacks),
          [] {}},
     };
-    m_window = std::make_unique<MainWindow>(std::move(items), m_deletions);
+    m_window =
+        std::make_unique<MainWindow>(std::move(items), m_deletions, [this] { windowClosed(); });
+    if (m_size)
+        m_window->resize(*m_size);
 }
 
 // Costs little when nothing has changed: a dictation waits for it before its text is pasted.
@@ -82,4 +104,22 @@ void MainWindowController::load(const AppConfig &config)
 {
     m_gettingStartedPage->load(config);
     m_dictionaryPage->load(config.personalDictionary);
+}
+
+void MainWindowController::windowClosed()
+{
+    m_deletions.clear();
+    m_queue.postAfter(releaseDelay, [this, closing = ++m_closings] {
+        if (closing == m_closings && !isVisible())
+            release();
+    });
+}
+
+void MainWindowController::release()
+{
+    m_size = m_window->size();
+    m_window.reset();
+    m_tutorialWindowController.release();
+    QPixmapCache::clear();
+    malloc_trim(0); // what is free inside the heap goes back too
 }

@@ -6,10 +6,14 @@
 #include "AppConfig.h"
 #include "DeletionUndo.h"
 #include "HotKeyCaptureButton.h"
+#include "MainQueue.h"
 #include "MainWindowCallbacks.h"
 #include "MainWindowPage.h"
 
+#include <QSize>
+
 #include <memory>
+#include <optional>
 
 class DictionaryPage;
 class GettingStartedPage;
@@ -22,8 +26,10 @@ class MainWindow;
 class MainWindowController final
 {
 public:
-    // Builds nothing yet: the window is built when it is first shown, and then kept.
-    MainWindowController(HistoryStore &store,
+    // Builds nothing yet: the window is built when it is shown, and gives its memory back a while
+    // after it was closed.
+    MainWindowController(MainQueue &queue,
+                         HistoryStore &store,
                          HotKeyCaptureButton::KeyCharacters keyCharacters,
                          MainWindowCallbacks callbacks);
     ~MainWindowController();
@@ -33,19 +39,26 @@ public:
     // Shows what has changed, if the window is visible; edits that were not saved are discarded.
     void refreshIfVisible(const AppConfig &config);
     [[nodiscard]] bool isVisible() const;
+    // Whether this window or the tutorial can be seen.
+    [[nodiscard]] bool hasVisibleWindow() const;
     // Whom the window tells what the user does.
     [[nodiscard]] const MainWindowCallbacks &callbacks() const { return m_callbacks; }
 
 private:
     void buildWindow();
     void load(const AppConfig &config);
+    void windowClosed();
+    void release();
 
+    MainQueue &m_queue;
     HistoryStore &m_store;
     HotKeyCaptureButton::KeyCharacters m_keyCharacters;
     const MainWindowCallbacks m_callbacks;
     DeletionUndo m_deletions;
     APIKeyTutorialWindowController m_tutorialWindowController;
     std::unique_ptr<MainWindow> m_window;
+    std::optional<QSize> m_size; // of the last window
+    int m_closings = 0;
     // The window's.
     GettingStartedPage *m_gettingStartedPage = nullptr;
     HistoryPage *m_historyPage = nullptr;

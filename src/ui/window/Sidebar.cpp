@@ -21,6 +21,7 @@ constexpr int sidebarWidth = 208;
 constexpr int headerMargin = 22;
 constexpr int navigationMargin = 14;
 constexpr QRect iconRect(headerMargin, 28, 24, 24);
+constexpr qreal iconRadius = 6;
 
 QLayout *makeHeader()
 {
@@ -74,5 +75,10 @@ void Sidebar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Palette::color(SemanticColor::WindowBackground, 0.72));
+    // The icon is dark: a rim sets it off from a dark ground.
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Palette::color(SemanticColor::SecondaryLabel));
+    painter.drawRoundedRect(iconRect.adjusted(-1, -1, 1, 1), iconRadius, iconRadius);
     QIcon(u":/icons/Wrenfold.svg"_s).paint(&painter, iconRect);
 }

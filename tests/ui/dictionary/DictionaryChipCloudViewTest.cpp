@@ -38,10 +38,8 @@ TEST(DictionaryChipCloudView, flowsIntoLines)
 
     const std::tuple<int, QStringList, std::vector<QPoint>> cases[] = {
         {240, {}, {}},
-        {240, {term}, {{0, 0}}},
         {240, {term, term, term}, {{0, 0}, {step, 0}, {0, 38}}},
         {100, {term, term, term}, {{0, 0}, {step, 0}, {0, 38}}}, // never narrower than 240
-        {2 * step + width, {term, term, term}, {{0, 0}, {step, 0}, {2 * step, 0}}},
         {2 * step + width - 1, {term, term, term}, {{0, 0}, {step, 0}, {0, 38}}},
         {240, {wide, wide, term}, {{0, 0}, {0, 38}, {0, 76}}},
         {3 * step, {term, term, term, wide}, {{0, 0}, {step, 0}, {2 * step, 0}, {0, 38}}},

@@ -222,11 +222,6 @@ TEST_F(EditingControlsTest, loseNothingOnAnyRoadIntoAField)
     const auto lines = u"one\ntwo\r\nthree\u2028four\u2029"_s + QString(350'000, u'长');
     const std::pair<const char *, std::function<void(PasteEnabledTextField &)>> roads[] = {
         {"Control+V", [](PasteEnabledTextField &field) { press(&field, {}); }},
-        {"Shift+Insert",
-         [](PasteEnabledTextField &field) {
-             press(&field, {.key = Qt::Key_Insert, .modifiers = Qt::ShiftModifier});
-         }},
-        {"menu", [this](PasteEnabledTextField &field) { menu(&field, u"粘贴"_s); }},
         {"drop",
          [&lines](PasteEnabledTextField &field) {
              QMimeData data;

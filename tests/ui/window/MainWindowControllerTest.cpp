@@ -7,26 +7,22 @@
 #include "MainWindow.h"
 #include "MainWindowController.h"
 #include "TemporaryHome.h"
-#include "WaitUntil.h"
+#include "VirtualMainQueue.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
-
-QWidget *visibleWindow()
-{
-    for (auto *window : QApplication::topLevelWidgets())
-        if (window->isVisible() && dynamic_cast<RegularWindow *>(window))
-            return window;
-    return nullptr;
-}
 
 // What a user has after some days.
 AppConfig usedConfig()
@@ -35,8 +31,11 @@ AppConfig usedConfig()
     config.volcengine.apiKey = u"voice"_s;
     config.deepSeek.apiKey = u"polish"_s;
     config.hotKey = {40, 0x1800, u"⌃⌥K"_s};
-    config.prompts = {u"custom.1"_s, {{u"custom.1"_s, u"我的"_s, u"简短。\n不要客套。"_s}}};
-    config.personalDictionary.terms = {u"DeepSeek"_s, u"حاسوب"_s, QString(60, u'长')};
+    config.prompts = {u"custom.1"_s,
+                      {{u"custom.1"_s, u"我的"_s, u"简短。\n不要客套。"_s},
+                       {u"custom.2"_s, u"空的"_s, u" \n"_s}}};
+    config.personalDictionary.terms = {
+        u"DeepSeek"_s, u"حاسوب"_s, u"deepseek"_s, QString(60, u'长')};
     return config;
 }
 
@@ -55,53 +54,240 @@ protected:
                          .toUtf8());
         m_store.emplace();
         m_controller.emplace(
-            *m_store, [](quint32) { return QString(); }, MainWindowCallbacks());
+            m_queue, *m_store, [](quint32) { return QString(); }, callbacks());
     }
 
-    QWidget &show(MainWindowPage page)
+    MainWindowCallbacks callbacks()
     {
-        m_controller->show(usedConfig(), page);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(visibleWindow()));
-        return *visibleWindow();
+        const auto report = [this](const QString &what) { m_reports << what; };
+        return {
+            .onAPIKeysSave = [=](const QString &voice,
+                                 const QString &polish) { report(voice + u'|' + polish); },
+            .onHotKeyChange = [=](const HotKeyConfig &key) { report(key.displayName); },
+            .onHotKeyCaptureChange = [=](bool is) { report(is ? u"capturing"_s : u"captured"_s); },
+            .onPromptSettingsChange =
+                [=](const PromptSettings &settings, const QString &text) {
+                    for (const auto &prompt : settings.customPrompts)
+                        report((prompt.id == settings.selectedID ? u"*"_s : u""_s) + prompt.name
+                               + u'=' + prompt.text);
+                    report(u"active "_s + text.left(8));
+                },
+            .onPersonalDictionaryChange =
+                [=](const PersonalDictionaryConfig &dictionary) {
+                    report(dictionary.terms.mid(0, 6).join(u' '));
+                },
+        };
+    }
+
+    MainWindow &window()
+    {
+        for (auto *window : QApplication::topLevelWidgets())
+            if (auto *main = dynamic_cast<MainWindow *>(window); main && main->isVisible())
+                return *main;
+        throw std::runtime_error("the window is not shown");
+    }
+    void show(MainWindowPage page, const AppConfig &config = usedConfig())
+    {
+        m_controller->show(config, page);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
+    void begin(MainWindowPage page)
+    {
+        show(page);
+        m_story.emplace(window());
+    }
+    void tell(const QString &step)
+    {
+        const auto reports = std::exchange(m_reports, {}).join(u"; "_s);
+        m_story->tell(reports.isEmpty() ? step : step + u" reports "_s + reports);
+    }
+    template<typename Widget>
+    Widget *find(const QString &name)
+    {
+        return named<Widget>(window(), name);
+    }
+    void click(const QString &name)
+    {
+        find<QAbstractButton>(name)->click();
+        tell(name);
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        auto *focused = QApplication::focusWidget();
+        QTest::keyClick(focused ? focused : &window(), key, modifiers);
+        tell(QKeySequence(key | modifiers).toString());
     }
 
     const TemporaryHome m_home;
+    VirtualMainQueue m_queue;
+    QStringList m_reports;
     std::optional<HistoryStore> m_store;
     std::optional<MainWindowController> m_controller;
+    std::optional<Story> m_story;
 };
 
 } // namespace
 
 TEST_F(MainWindowControllerTest, itsPagesLookAsApproved)
 {
-    const std::pair<MainWindowPage, QString> pages[] = {
-        {MainWindowPage::GettingStarted, u"getting-started"_s},
-        {MainWindowPage::Clipboard, u"history"_s},
-        {MainWindowPage::Dictionary, u"dictionary"_s},
-        {MainWindowPage::Contact, u"contact"_s},
+    const std::tuple<MainWindowPage, AppConfig, QString> pages[] = {
+        {MainWindowPage::GettingStarted, {}, u"getting-started-new"_s},
+        {MainWindowPage::GettingStarted, usedConfig(), u"getting-started"_s},
+        {MainWindowPage::Clipboard, usedConfig(), u"history"_s},
+        {MainWindowPage::Dictionary, usedConfig(), u"dictionary"_s},
+        {MainWindowPage::Dictionary, {}, u"dictionary-empty"_s},
+        {MainWindowPage::Contact, {}, u"contact"_s},
     };
-    for (const auto &[page, name] : pages) {
-        EXPECT_TRUE(isApproved(name, describeInBothSchemes(show(page)))) << qPrintable(name);
+    for (const auto &[page, config, name] : pages) {
+        show(page, config);
+        EXPECT_TRUE(isApproved(name, describeInBothSchemes(window()))) << qPrintable(name);
     }
+}
+
+TEST_F(MainWindowControllerTest, itsKeysAndHotKeyAreSetAsApproved)
+{
+    begin(MainWindowPage::GettingStarted);
+    const std::pair<QString, QString> keys[] = {
+        {u" a "_s, u"b\u3000"_s}, {u"a"_s, u" \u00A0"_s}, {u"  "_s, u"b"_s}};
+    for (const auto &[voice, polish] : keys) {
+        find<QLineEdit>(u"豆包语音 API Key"_s)->setText(voice);
+        find<QLineEdit>(u"DeepSeek API Key"_s)->setText(polish);
+        click(u"保存 API"_s);
+    }
+    click(u"恢复默认"_s);
+    auto *button = dynamic_cast<HotKeyCaptureButton *>(find<QPushButton>(u"⌘⇧Space"_s));
+    ASSERT_TRUE(button);
+    button->setFocus();
+    press(Qt::Key_Return);
+    button->onCapture({54, 0x100, u"右⌘"_s});
+    tell(u"captured"_s);
+    EXPECT_TRUE(isApproved(u"story-keys"_s, m_story->text()));
+}
+
+TEST_F(MainWindowControllerTest, itsPromptsAreEditedAsApproved)
+{
+    begin(MainWindowPage::GettingStarted);
+    auto *menu = window().findChild<QComboBox *>();
+    auto *text = find<QPlainTextEdit>(u"指令内容"_s);
+    const auto choose = [&](int index) {
+        menu->setCurrentIndex(index);
+        emit menu->activated(index);
+        tell(u"chosen %1"_s.arg(index));
+    };
+    const auto save = [&](const QString &name, const QString &content) {
+        find<QLineEdit>(u"指令名称"_s)->setText(name);
+        text->setPlainText(content);
+        click(u"保存指令"_s);
+    };
+    save(u" A "_s, u"\nB\u00A0C\n"_s);
+    save(u" "_s, u"D"_s);
+    save(u"D"_s, u"\n"_s);
+    choose(4);
+    click(u"新增指令"_s);
+    click(u"删除"_s);
+    for (const auto &name : {u"删除"_s, u"保存指令"_s})
+        click(name);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    choose(1);
+    QTest::keyClick(text, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(text, Qt::Key_X);
+    QInputMethodEvent composed;
+    composed.setCommitString(u"你好"_s);
+    QApplication::sendEvent(text, &composed);
+    tell(u"typed into a built-in prompt"_s);
+    auto config = usedConfig();
+    config.prompts.selectedID = u"gone"_s;
+    m_controller->refreshIfVisible(config);
+    tell(u"an unknown prompt"_s);
+    EXPECT_TRUE(isApproved(u"story-prompts"_s, m_story->text()));
+}
+
+TEST_F(MainWindowControllerTest, itsDictionaryGrowsAndShrinksAsApproved)
+{
+    begin(MainWindowPage::Dictionary);
+    auto *field = find<QLineEdit>(u"添加新词"_s);
+    for (const auto &terms : {u"DeepSeek\n多   空格\r\nCursor"_s,
+                              u"cursor、Vue.js"_s,
+                              u"cursor"_s,
+                              u" \n"_s,
+                              u"猫，！、X!"_s}) {
+        field->setText(terms);
+        click(u"添加"_s);
+    }
+    field->setText(u"Return"_s);
+    field->setFocus();
+    press(Qt::Key_Return);
+    click(u"词条 DeepSeek"_s);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    find<QAbstractButton>(u"词条 多 空格"_s)->setFocus();
+    press(Qt::Key_Space);
+    press(Qt::Key_Return);
+    AppConfig full;
+    for (int i = 0; i < PersonalDictionaryConfig::maxTerms; ++i)
+        full.personalDictionary.terms << u"term %1"_s.arg(i);
+    m_controller->refreshIfVisible(full);
+    m_story->begin();
+    field->setText(u"another"_s);
+    click(u"添加"_s);
+    EXPECT_TRUE(isApproved(u"story-dictionary"_s, m_story->text()));
+}
+
+TEST_F(MainWindowControllerTest, itsHistoryIsUsedByKeyboardAsApproved)
+{
+    begin(MainWindowPage::GettingStarted);
+    press(Qt::Key_2, Qt::ControlModifier);
+    find<QAbstractButton>(u"联系作者"_s)->setFocus();
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    press(Qt::Key_Return);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(isApproved(u"story-history"_s, m_story->text()));
+    EXPECT_EQ(HistoryStore().items(), m_store->items());
 }
 
 TEST_F(MainWindowControllerTest, aRefreshDiscardsWhatWasNotSavedAndShowsWhatIsNew)
 {
-    auto &window = show(MainWindowPage::Clipboard);
-    const auto before = describe(window);
-    named<QPlainTextEdit>(window, u"指令内容"_s)->setPlainText(u"half typed"_s);
-    for (auto *field : window.findChildren<QLineEdit *>())
+    show(MainWindowPage::Clipboard);
+    const auto before = describe(window());
+    find<QPlainTextEdit>(u"指令内容"_s)->setPlainText(u"half typed"_s);
+    for (auto *field : window().findChildren<QLineEdit *>())
         if (!field->isReadOnly())
             field->setText(u"half typed"_s);
     m_controller->refreshIfVisible(usedConfig());
-    EXPECT_FALSE(describe(window).contains("half typed"_L1));
-    EXPECT_EQ(describe(window), before);
+    EXPECT_EQ(describe(window()), before);
+    show(MainWindowPage::GettingStarted);
+    EXPECT_FALSE(describe(window()).contains("half typed"_L1));
+    show(MainWindowPage::Clipboard);
     m_store->add({}, u"全新"_s);
     m_controller->refreshIfVisible(usedConfig());
-    EXPECT_TRUE(describe(window).contains(u"全新"_s));
-    window.close();
-    m_store->add({}, u"更新"_s);
-    m_controller->refreshIfVisible(usedConfig());
-    EXPECT_FALSE(m_controller->isVisible());
-    EXPECT_TRUE(describe(show(MainWindowPage::Clipboard)).contains(u"更新"_s));
+    EXPECT_TRUE(describe(window()).contains(u"全新"_s));
+}
+
+TEST_F(MainWindowControllerTest, aClosedWindowIsReleasedAndComesBackAsLarge)
+{
+    show(MainWindowPage::Clipboard);
+    const QPointer<QWidget> first = &window();
+    first->resize(1000, 700);
+    for (const auto key : {Qt::Key_W, Qt::Key_Escape}) {
+        QTest::keyClick(first, key, key == Qt::Key_W ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_FALSE(m_controller->isVisible());
+        m_queue.advance(20s);
+        m_store->add({}, u"更新"_s);
+        m_controller->refreshIfVisible(usedConfig());
+        EXPECT_TRUE(first && !m_controller->hasVisibleWindow());
+        show(MainWindowPage::Clipboard);
+    }
+    EXPECT_TRUE(describe(window()).contains(u"更新"_s));
+    m_queue.advance(20s); // the first closing is half a minute ago
+    first->showMinimized();
+    show(MainWindowPage::Clipboard);
+    EXPECT_TRUE(first && !first->isMinimized());
+    first->close();
+    m_queue.advance(30s);
+    EXPECT_TRUE(first.isNull());
+    show(MainWindowPage::Clipboard);
+    EXPECT_EQ(window().size(), QSize(1000, 700));
 }
