@@ -139,20 +139,9 @@ public:
     QPaintEngine *paintEngine() const override { return &notes; }
     int metric(PaintDeviceMetric metric) const override
     {
-        switch (metric) {
-        case PdmWidth:
-        case PdmHeight:
-            return 10'000;
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return 96;
-        case PdmDevicePixelRatioScaled:
+        if (metric == PdmDevicePixelRatioScaled)
             return int(devicePixelRatioFScale());
-        default:
-            return 1;
-        }
+        return metric == PdmDevicePixelRatio ? 1 : 96;
     }
 
     mutable PaintNotes notes;

@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -178,10 +177,8 @@ TEST_F(EditingControlsTest, pasteOnlyPlainText)
     rich->setHtml(u"<b>bold</b>"_s);
     rich->setText(u"*"_s);
     QGuiApplication::clipboard()->setMimeData(rich);
-    for (auto *control : controls())
-        press(control, {});
-    EXPECT_EQ(texts(), QStringList({u"*"_s, u"a*c"_s, u"a*c"_s}));
-    EXPECT_FALSE(m_view->document()->toHtml().contains(u"bold"_s));
+    press(m_view, {});
+    EXPECT_EQ(m_view->toPlainText(), u"a*c"_s);
 }
 
 TEST_F(EditingControlsTest, leaveReadOnlyTextAlone)
@@ -220,34 +217,20 @@ TEST_F(EditingControlsTest, offerTheirOwnMenus)
 TEST_F(EditingControlsTest, loseNothingOnAnyRoadIntoAField)
 {
     const auto lines = u"one\ntwo\r\nthree\u2028four\u2029"_s + QString(350'000, u'长');
-    const std::pair<const char *, std::function<void(PasteEnabledTextField &)>> roads[] = {
-        {"Control+V", [](PasteEnabledTextField &field) { press(&field, {}); }},
-        {"drop",
-         [&lines](PasteEnabledTextField &field) {
-             QMimeData data;
-             data.setText(lines);
-             const auto caret = field.inputMethodQuery(Qt::ImCursorRectangle);
-             const auto where = caret.toRect().center();
-             QDragEnterEvent enter(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-             QCoreApplication::sendEvent(&field, &enter);
-             QDropEvent drop(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-             QCoreApplication::sendEvent(&field, &drop);
-         }},
-        {"input method",
-         [&lines](PasteEnabledTextField &field) {
-             QInputMethodEvent event;
-             event.setCommitString(lines);
-             QCoreApplication::sendEvent(&field, &event);
-         }},
+    QInputMethodEvent committed;
+    committed.setCommitString(lines);
+    const std::function<void()> roads[] = {
+        [this] { press(m_plain, {}); },
+        [&] { QCoreApplication::sendEvent(m_plain, &committed); },
     };
-    for (const auto &[name, road] : roads) {
+    for (const auto &road : roads) {
         m_plain->setText(u"><"_s);
         m_plain->setCursorPosition(1);
         copy(lines);
-        road(*m_plain);
-        EXPECT_TRUE(m_plain->text() == u'>' + lines + u'<') << name << m_plain->text().size();
+        road();
+        EXPECT_TRUE(m_plain->text() == u'>' + lines + u'<') << m_plain->text().size();
         m_plain->insert(u"|"_s);
-        EXPECT_TRUE(m_plain->text() == u'>' + lines + u"|<"_s) << name;
+        EXPECT_TRUE(m_plain->text() == u'>' + lines + u"|<"_s);
     }
     m_plain->selectAll();
     press(m_plain, {.key = Qt::Key_X});

@@ -16,10 +16,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTest>
 #include <QUuid>
 
 #include <ctime>
@@ -91,14 +90,6 @@ protected:
                 return qobject_cast<QAbstractButton *>(target);
         return nullptr;
     }
-    static void press(Qt::Key key)
-    {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, Qt::NoModifier);
-            QApplication::sendEvent(QApplication::focusWidget(), &event);
-        }
-    }
-
     const TemporaryHome m_home;
     QDateTime m_now = QDateTime::fromString(u"2026-03-02T03:00:00Z"_s, Qt::ISODate);
     QStringList m_pasted;
@@ -150,45 +141,26 @@ TEST_F(HistoryPageTest, HeadsTheItemsOfADayInLocalTime)
     EXPECT_EQ(shown().join(u'|'), u"1月5日|09:02 0|昨天|08:00 1|1月5日|08:00 2"_s);
 }
 
-TEST_F(HistoryPageTest, PastesCopiesAndDeletesTheItemOfTheRow)
+TEST_F(HistoryPageTest, PastesAndCopiesTheItemOfTheRow)
 {
-    open({u"2026-03-02T02:00:00Z"_s, u"2026-03-02T01:00:00Z"_s, u"2026-02-01T01:00:00Z"_s});
+    open({u"2026-03-02T02:00:00Z"_s, u"2026-03-02T01:00:00Z"_s});
     button(1, u"再次粘贴"_s)->click();
     EXPECT_EQ(m_pasted, QStringList{u"1"_s});
-    button(2, u"复制转录"_s)->click();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"2"_s);
-    m_store->add({}, u"added, not shown yet"_s);
-    button(2, u"删除转录"_s)->click();
-    EXPECT_EQ(m_store->items().last().polished, u"1"_s);
-    EXPECT_TRUE(shown().filter(u"added"_s).size() == 1 && !shown().contains(u"2月1日"_s));
-    for (int left = 3; left > 0; --left)
-        button(0, u"删除转录"_s)->click();
-    EXPECT_TRUE(shown().isEmpty());
-    const auto labels = m_page->findChildren<QLabel *>();
-    EXPECT_EQ(labels.last()->text(), u"还没有转录。录音完成后，结果会自动出现在这里。"_s);
-    EXPECT_TRUE(labels.last()->isVisible());
+    button(0, u"复制转录"_s)->click();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"0"_s);
 }
 
-TEST_F(HistoryPageTest, KeepsTheKeyboardFocusInItsPlaceAndShowsItsRowsActions)
+TEST_F(HistoryPageTest, KeepsTheKeyboardFocusInItsPlace)
 {
     open(QStringList(3, u"2026-03-02T00:00:00Z"_s));
-    rows()[0]->setFocus();
-    press(Qt::Key_Down);
-    EXPECT_EQ(QApplication::focusWidget(), rows()[1]);
-    EXPECT_TRUE(waitUntil([this] { return rows()[1]->actionOpacity() == 1; }));
     button(1, u"删除转录"_s)->setFocus();
     m_store->add({}, u"new"_s);
     m_page->reloadHistory();
     EXPECT_EQ(QApplication::focusWidget(), button(2, u"删除转录"_s));
-    press(Qt::Key_Space);
-    EXPECT_EQ(QApplication::focusWidget(), button(2, u"删除转录"_s));
-    press(Qt::Key_Space);
-    EXPECT_EQ(QApplication::focusWidget(), button(1, u"删除转录"_s));
-    press(Qt::Key_Up);
-    press(Qt::Key_Up);
-    EXPECT_EQ(QApplication::focusWidget(), button(0, u"删除转录"_s));
-    EXPECT_TRUE(waitUntil(
-        [this] { return rows()[0]->actionOpacity() == 1 && rows()[1]->actionOpacity() == 0; }));
+    for (const int row : {2, 1}) { // the one in its place, the last one
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(QApplication::focusWidget(), button(size_t(row), u"删除转录"_s));
+    }
 }
 
 TEST_F(HistoryPageTest, KeepsWhatIsVisibleInItsPlaceAndTheRowUnderThePointerHovered)
