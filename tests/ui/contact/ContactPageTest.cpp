@@ -30,7 +30,6 @@ TEST(ContactPage, looksAsApprovedWithAllDetails)
 TEST(ContactPage, leavesOutTheDetailsItIsNotGiven)
 {
     const std::pair<ContactDetails, QString> cases[] = {
-        {{.name = u"鹩哥"_s}, u"日志文件"_s},
         {{.messagingID = u"wren_1"_s}, u"微信号 日志文件"_s},
         {{.channel = u"小鹩"_s, .email = u"w@example.org"_s},
          u"公众号 视频号 小宇宙 邮箱 日志文件"_s},

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "EditingShortcut.h"
+#include "Approved.h"
 #include "PasteEnabledSecureTextField.h"
 #include "PasteEnabledTextField.h"
 #include "PasteEnabledTextView.h"
@@ -28,9 +28,11 @@ struct Press
     Qt::Key key = Qt::Key_V;
     Qt::KeyboardModifiers modifiers = Qt::ControlModifier;
     quint32 nativeModifiers = 0;
-    QEvent::Type type = QEvent::KeyPress;
 
-    [[nodiscard]] QKeyEvent event() const { return {type, key, modifiers, 0, 0, nativeModifiers}; }
+    [[nodiscard]] QKeyEvent event() const
+    {
+        return {QEvent::KeyPress, key, modifiers, 0, 0, nativeModifiers};
+    }
 };
 
 // A window with one control of each kind. Each starts with "abc", of which "b" is selected.
@@ -74,6 +76,18 @@ protected:
         QCoreApplication::sendEvent(control, &event);
     }
 
+    QString name(const QWidget *control) const
+    {
+        return control == m_secure ? u"secure"_s : control == m_plain ? u"plain"_s : u"view"_s;
+    }
+    // The control's text and what is selected of it.
+    QString state(const QWidget *control) const
+    {
+        if (control == m_view)
+            return m_view->toPlainText() + u'|' + m_view->textCursor().selectedText();
+        const auto *field = qobject_cast<const QLineEdit *>(control);
+        return field->text() + u'|' + field->selectedText();
+    }
     // The texts of the secure field, the plain field and the view.
     QStringList texts() const { return {m_secure->text(), m_plain->text(), m_view->toPlainText()}; }
 
@@ -101,117 +115,56 @@ protected:
 
 } // namespace
 
-TEST(EditingShortcut, isControlWithOneKeyAndNothingElse)
+// Every shortcut and every menu item, in each control, that can be edited or not.
+TEST_F(EditingControlsTest, doWhatIsApproved)
 {
     const auto control = Qt::ControlModifier;
-    const std::pair<Press, bool> cases[] = {
-        {{}, true},
-        {{.nativeModifiers = numLock}, true},
-        {{.nativeModifiers = capsLock}, false},
-        {{.modifiers = Qt::NoModifier}, false},
-        {{.modifiers = control | Qt::ShiftModifier}, false},
-        {{.modifiers = control | Qt::AltModifier}, false},
-        {{.modifiers = control | Qt::MetaModifier}, false},
-        {{.modifiers = control | Qt::KeypadModifier}, false},
-        {{.type = QEvent::KeyRelease}, false},
+    const std::pair<QString, Press> presses[] = {
+        {u"paste"_s, {}},
+        {u"paste with Caps Lock"_s, {.nativeModifiers = capsLock}},
+        {u"paste with Shift"_s, {.modifiers = control | Qt::ShiftModifier}},
+        {u"paste with Num Lock"_s, {.nativeModifiers = numLock}},
+        {u"paste with Super"_s, {.modifiers = control | Qt::MetaModifier}},
+        {u"cut"_s, {.key = Qt::Key_X}},
+        {u"copy"_s, {.key = Qt::Key_C}},
+        {u"select all"_s, {.key = Qt::Key_A}},
+        {u"another"_s, {.key = Qt::Key_K}},
     };
-    for (const auto &[press, qualifies] : cases)
-        EXPECT_EQ(editingShortcut(press.event()).has_value(), qualifies)
-            << press.modifiers.toInt() << ' ' << press.nativeModifiers;
-}
-
-TEST_F(EditingControlsTest, runTheShortcutsOfTheirKind)
-{
-    const QStringList untouched(3, u"abc"_s);
-    const auto inserted = u"aX\nYc"_s;
-    // The press, the texts afterwards, and the clipboard where it changes.
-    const std::tuple<Press, QStringList, QString> cases[] = {
-        {{}, {u"X\nY"_s, inserted, inserted}, {}},
-        {{.nativeModifiers = capsLock}, {inserted, inserted, inserted}, {}}, // Qt's own paste
-        {{.modifiers = Qt::ControlModifier | Qt::ShiftModifier}, untouched, {}},
-        {{.key = Qt::Key_X}, {u"ac"_s, u"ac"_s, u"ac"_s}, u"b"_s},
-        {{.key = Qt::Key_C}, untouched, u"b"_s},
-    };
-    for (const auto &[pressed, expected, clipboard] : cases) {
-        reset();
-        for (auto *control : controls())
-            press(control, pressed);
-        EXPECT_EQ(texts(), expected) << pressed.key << ' ' << pressed.nativeModifiers;
-        EXPECT_EQ(QGuiApplication::clipboard()->text(),
-                  clipboard.isEmpty() ? u"X\nY"_s : clipboard);
-    }
-}
-
-TEST_F(EditingControlsTest, takeAShortcutWithoutTheFocusUnlessTheyHoldASecret)
-{
-    auto paste = Press().event();
-    m_view->setFocus();
-    EXPECT_FALSE(m_secure->performKeyEquivalent(paste));
-    EXPECT_TRUE(m_plain->performKeyEquivalent(paste));
-    EXPECT_TRUE(m_plain->hasFocus());
-    EXPECT_TRUE(m_view->performKeyEquivalent(paste));
-    EXPECT_TRUE(m_view->hasFocus());
-    EXPECT_EQ(texts(), QStringList({u"abc"_s, u"aX\nYc"_s, u"aX\nYc"_s}));
-
-    auto selectAll = Press{.key = Qt::Key_A}.event();
-    EXPECT_FALSE(m_secure->performKeyEquivalent(selectAll));
-    EXPECT_TRUE(m_plain->performKeyEquivalent(selectAll));
-    EXPECT_EQ(m_plain->selectedText(), m_plain->text());
-    EXPECT_TRUE(m_view->performKeyEquivalent(selectAll));
-    EXPECT_EQ(m_view->textCursor().selectedText().size(), 5);
-    auto other = Press{.key = Qt::Key_Z}.event();
-    EXPECT_FALSE(m_plain->performKeyEquivalent(other) || m_view->performKeyEquivalent(other));
-}
-
-TEST_F(EditingControlsTest, pasteOnlyPlainText)
-{
-    auto *image = new QMimeData;
-    image->setData(u"image/png"_s, "\x89PNG");
-    QGuiApplication::clipboard()->setMimeData(image);
-    for (auto *control : controls())
-        press(control, {});
-    EXPECT_EQ(texts(), QStringList(3, u"abc"_s));
-
-    reset();
-    auto *rich = new QMimeData;
-    rich->setHtml(u"<b>bold</b>"_s);
-    rich->setText(u"*"_s);
-    QGuiApplication::clipboard()->setMimeData(rich);
-    press(m_view, {});
-    EXPECT_EQ(m_view->toPlainText(), u"a*c"_s);
-}
-
-TEST_F(EditingControlsTest, leaveReadOnlyTextAlone)
-{
-    m_plain->setReadOnly(true);
-    m_view->setReadOnly(true);
-    for (QWidget *control : {static_cast<QWidget *>(m_plain), static_cast<QWidget *>(m_view)}) {
-        press(control, {});
-        menu(control, u"粘贴"_s);
-    }
-    menu(m_view, u"剪切"_s);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"X\nY"_s);
-    press(m_view, {.key = Qt::Key_X});
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"b"_s);
-    EXPECT_EQ(texts(), QStringList(3, u"abc"_s));
-}
-
-TEST_F(EditingControlsTest, offerTheirOwnMenus)
-{
-    const QStringList ofFields{u"粘贴"_s, u"全选"_s};
-    EXPECT_EQ(menu(m_secure, u"粘贴"_s), ofFields);
-    EXPECT_EQ(menu(m_plain, u"粘贴"_s), ofFields);
-    EXPECT_EQ(menu(m_view, u"剪切"_s),
-              QStringList({u"剪切"_s, u"复制"_s, u"粘贴"_s, QString(), u"全选"_s}));
-    EXPECT_EQ(texts(), QStringList({u"X\nY"_s, u"aX\nYc"_s, u"ac"_s}));
-    menu(m_view, u"粘贴"_s);
-    menu(m_view, u"全选"_s);
-    menu(m_view, u"复制"_s);
-    EXPECT_EQ(m_view->toPlainText(), u"abc"_s);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"abc"_s);
-    menu(m_plain, u"全选"_s);
-    EXPECT_TRUE(m_plain->hasFocus());
-    EXPECT_EQ(m_plain->selectedText(), m_plain->text());
+    QString told;
+    for (const bool isReadOnly : {false, true})
+        for (auto *input : controls()) {
+            const auto perform = [&](const QString &what, const std::function<QString()> &action) {
+                reset();
+                input->setProperty("readOnly", isReadOnly);
+                const auto answer = action();
+                told +=
+                    u"%1%2, %3: %4 %5|%6|%7\n"_s.arg(isReadOnly ? u"read-only "_s : QString(),
+                                                     name(input),
+                                                     what,
+                                                     answer,
+                                                     state(input),
+                                                     QGuiApplication::clipboard()->text(),
+                                                     input->hasFocus() ? u"focused"_s : QString());
+            };
+            for (const auto &[what, pressed] : presses) {
+                perform(what, [&] { return press(input, pressed), QString(); });
+                perform(what + u" without the focus"_s, [&] {
+                    input->clearFocus();
+                    const bool isTaken =
+                        dynamic_cast<EditingInput &>(*input).performKeyEquivalent(pressed.event());
+                    return isTaken ? u"taken"_s : u"left"_s;
+                });
+            }
+            perform(u"paste an image"_s, [&] {
+                auto *image = new QMimeData;
+                image->setData(u"image/png"_s, "\x89PNG");
+                QGuiApplication::clipboard()->setMimeData(image);
+                return press(input, {}), QString();
+            });
+            for (const auto &title : menu(input))
+                perform(u"menu "_s + title, [&] { return menu(input, title), QString(); });
+        }
+    EXPECT_TRUE(isApproved(u"editing-controls"_s, told.replace(u"X\nY"_s, u"X\\nY"_s)));
 }
 
 TEST_F(EditingControlsTest, loseNothingOnAnyRoadIntoAField)
