@@ -60,6 +60,7 @@ void APIKeyTutorialWindowController::show(const QString &title, const QString &b
     if (!m_window)
         buildWindow();
     m_titleLabel->setText(title);
+    m_textView->setAccessibleName(title);
     m_textView->setBody(attributedTutorialBody(body));
     m_window->center();
     m_window->bringToFront();
@@ -103,7 +104,6 @@ void APIKeyTutorialWindowController::buildWindow()
     m_titleLabel =
         ViewBuilders::makeLabel({}, interfaceFont(22, QFont::DemiBold), SemanticColor::Label);
     m_textView = new TutorialTextView;
-    m_titleLabel->setBuddy(m_textView);
     auto *layout = new QVBoxLayout(m_window.get());
     layout->setContentsMargins(24, 22, 24, 24);
     layout->setSpacing(16);
