@@ -28,9 +28,9 @@ constexpr int emptyLabelHeight = 36;
 DictionaryChipCloudView::DictionaryChipCloudView(std::function<void(const QString &)> onDelete)
     : m_onDelete(std::move(onDelete))
     , m_emptyLabel(ViewBuilders::makeWrappingLabel(
-        u"还没有添加词。可以先试试：Wrenfold、DeepSeek、Claude Code、Cursor。"_s,
-        interfaceFont(13),
-        SemanticColor::SecondaryLabel))
+          u"还没有添加词。可以先试试：Wrenfold、DeepSeek、Claude Code、Cursor。"_s,
+          interfaceFont(13),
+          SemanticColor::SecondaryLabel))
 {
     m_emptyLabel->setParent(this);
     m_emptyLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);

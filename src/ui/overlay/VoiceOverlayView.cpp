@@ -57,7 +57,8 @@ void drawMicrophoneBadge(QPainter &painter)
     glyph.lineTo(at(0, -5));
     glyph.moveTo(at(-4, 1));
     glyph.cubicTo(at(-4, 7), at(4, 7), at(4, 1));
-    painter.strokePath(glyph, QPen(microphoneStroke.color(), glyphWidth, Qt::SolidLine, Qt::RoundCap));
+    painter.strokePath(glyph,
+                       QPen(microphoneStroke.color(), glyphWidth, Qt::SolidLine, Qt::RoundCap));
 }
 
 void drawCheckBadge(QPainter &painter)
@@ -67,7 +68,8 @@ void drawCheckBadge(QPainter &painter)
     QPainterPath mark(at(-5, 0));
     mark.lineTo(at(-1, 4));
     mark.lineTo(at(6, -5));
-    painter.strokePath(mark, QPen(checkStroke.color(), glyphWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.strokePath(
+        mark, QPen(checkStroke.color(), glyphWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
 
 } // namespace

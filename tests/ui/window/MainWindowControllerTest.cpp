@@ -216,6 +216,8 @@ TEST_F(MainWindowControllerTest, itsDictionaryGrowsAndShrinksAsApproved)
     }
     field->setText(u"Return"_s);
     field->setFocus();
+    press(Qt::Key_Tab);
+    field->setFocus();
     press(Qt::Key_Return);
     click(u"词条 DeepSeek"_s);
     press(Qt::Key_Z, Qt::ControlModifier);
