@@ -139,6 +139,10 @@ void DictationSession::failToStart(const std::exception_ptr &error)
 void DictationSession::enterRecording(std::unique_ptr<Recording> recording,
                                       const QString &microphone)
 {
+    if (m_isLocked) {
+        m_state = State::Idle;
+        return;
+    }
     m_recorder.keep(std::move(recording));
     m_state = State::Recording;
     m_host.registerEscapeCancelHotKey();
