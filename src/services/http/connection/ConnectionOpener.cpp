@@ -4,6 +4,8 @@
 
 #include "HttpError.h"
 
+#include <system_error>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,6 +30,7 @@ ConnectionOpener::ConnectionOpener(ConnectionMakers &makers, QUrl url, Done done
 
 void ConnectionOpener::start()
 {
+    const auto alive = shared_from_this(); // a failure makes the owner let go of it
     startDeadline();
     const auto found = [weak = weak_from_this()](const Route &route, const auto &error) {
         const auto self = weak.lock();
@@ -38,7 +41,11 @@ void ConnectionOpener::start()
         else
             self->connectTo(route);
     };
-    m_makers.lookup.find(m_url, found);
+    try {
+        m_makers.lookup.find(m_url, found);
+    } catch (const std::system_error &) {
+        fail(std::current_exception());
+    }
 }
 
 void ConnectionOpener::abandon()

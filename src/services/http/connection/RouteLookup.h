@@ -32,9 +32,9 @@ public:
     RouteLookup(const RouteLookup &) = delete;
     RouteLookup &operator=(const RouteLookup &) = delete;
 
-    // `url` names its port. Calls back on the context's thread, with a route or an HttpError. The
-    // callback may be
-    // destroyed on another thread.
+    // `url` names its port. Calls back on the context's thread, with a route or an HttpError; the
+    // callback may be destroyed on another thread. Throws std::system_error when no thread can be
+    // started.
     void find(const QUrl &url, const Found &found);
 
 private:
