@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 struct RouteLookup::Home
 {
     std::mutex mutex;
-    asio::io_context *context; // guarded by mutex; null once gone
+    asio::io_context *context = nullptr; // guarded by mutex; null once gone
 };
 
 namespace {
