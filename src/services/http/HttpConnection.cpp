@@ -45,7 +45,7 @@ std::chrono::milliseconds HttpConnection::idleTime() const
     return sinceBoot() - m_idleSince;
 }
 
-bool HttpConnection::isUsable()
+bool HttpConnection::isUsable() const
 {
     return !m_isClosed && idleTime() < longestIdleTime
         && TcpPeer::state(descriptor()).sinceHeard < longestSilence;

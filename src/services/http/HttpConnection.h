@@ -27,7 +27,7 @@ public:
     // How long it has been idle, the time for which the computer slept included.
     [[nodiscard]] std::chrono::milliseconds idleTime() const;
     // Whether a request has a chance here: not closed, not idle for long, the peer heard lately.
-    [[nodiscard]] bool isUsable();
+    [[nodiscard]] bool isUsable() const;
 
     // For the time of a request; a peer that is silent for `silenceLimit` breaks the connection.
     void use(Receiver receiver, std::chrono::milliseconds silenceLimit);
@@ -35,7 +35,7 @@ public:
     void release();
     void write(boost::asio::const_buffer buffer, const NetworkStream::Done &done);
     void close();
-    [[nodiscard]] int descriptor() { return m_opened.stream->descriptor(); }
+    [[nodiscard]] int descriptor() const { return m_opened.stream->descriptor(); }
 
 private:
     void listen();

@@ -25,8 +25,8 @@ QByteArray encodedHost(const QUrl &url)
 class ConnectHandshake final : public ProxyHandshake
 {
 public:
-    ConnectHandshake(QNetworkProxy proxy, const QUrl &url)
-        : m_proxy(std::move(proxy))
+    ConnectHandshake(const QNetworkProxy &proxy, const QUrl &url)
+        : m_proxy(proxy)
         , m_target(url.authority(QUrl::FullyEncoded).toLatin1())
     {}
 
@@ -63,8 +63,8 @@ private:
 class Socks5Handshake final : public ProxyHandshake
 {
 public:
-    Socks5Handshake(QNetworkProxy proxy, const QUrl &url)
-        : m_proxy(std::move(proxy))
+    Socks5Handshake(const QNetworkProxy &proxy, const QUrl &url)
+        : m_proxy(proxy)
         , m_host(encodedHost(url))
         , m_port(static_cast<quint16>(url.port()))
     {}
@@ -125,8 +125,8 @@ private:
     Step answerConnection(QByteArray &received)
     {
         if (received[1] != 0)
-            throw refused(m_proxy, u"refused with SOCKS error %1"_s.arg(int(received[1])));
-        const int kind = received[3];
+            throw refused(m_proxy, u"refused with SOCKS error %1"_s.arg(quint8(received[1])));
+        const auto kind = quint8(received[3]);
         const qsizetype address = kind == 1 ? 4 : kind == 4 ? 16 : 1 + quint8(received[4]);
         const auto size = 4 + address + 2;
         if (received.size() < size)
