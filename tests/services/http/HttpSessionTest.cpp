@@ -235,7 +235,7 @@ TEST(HttpSession, SendsTheUserAndThePasswordOfTheAddress)
 class HttpSessionProxy : public testing::Test
 {
 protected:
-    ~HttpSessionProxy() override
+    void TearDown() override
     {
         for (const char *scheme : {"http_proxy", "https_proxy"})
             qunsetenv(scheme);
@@ -319,6 +319,7 @@ TEST(HttpSession, ServesManyThreadsAtOnce)
         [](const RecordedRequest &request) { return ScriptedAnswer{.body = request.body}; });
     HttpSession session;
     std::vector<std::future<bool>> senders;
+    senders.reserve(8);
     for (int sender = 0; sender < 8; ++sender)
         senders.push_back(std::async(std::launch::async, [&session, &server, sender] {
             const auto text = QByteArray::number(sender);
@@ -336,6 +337,7 @@ TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)
     const ScriptedHttpServer server(ScriptedAnswer{.manner = Manner::Silence});
     HttpSession session;
     std::vector<std::future<std::string>> senders;
+    senders.reserve(4);
     for (int sender = 0; sender < 3; ++sender)
         senders.push_back(std::async(std::launch::async, [&session, &server] {
             return sent(session, requestTo(server.url()));
