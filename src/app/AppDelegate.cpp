@@ -11,6 +11,7 @@
 #include "Farewell.h"
 #include "InputPermissionHelp.h"
 #include "OverlayMessages.h"
+#include "StatusToolTip.h"
 #include "StatusWords.h"
 #include "Text.h"
 #include "VolcengineFlashASR.h"
@@ -354,8 +355,7 @@ MainWindowCallbacks AppDelegate::windowCallbacks()
 
 void AppDelegate::updateStatusTitle(QStringView word)
 {
-    m_statusMenu.setToolTip(AppRuntime::appName + u"："_s + word.toString() + u"，按 "_s
-                            + m_config.hotKey.displayName + u" 开始或停止录音"_s);
+    m_statusMenu.setToolTip(statusToolTip(m_config.hotKey, word));
 }
 
 void AppDelegate::registerEscapeCancelHotKey()

@@ -3,8 +3,8 @@
 #include "GlobalHotKeys.h"
 
 #include "AppLogger.h"
-#include "AppRuntime.h"
 #include "HotKeyFormatter.h"
+#include "StatusToolTip.h"
 #include "Text.h"
 #include "VirtualKey.h"
 
@@ -131,8 +131,7 @@ void GlobalHotKeys::handleModifierHotKeyEvent(const KeyEvent &event)
 
 void GlobalHotKeys::showToolTip(const HotKeyConfig &hotKey) const
 {
-    m_callbacks.setToolTip(AppRuntime::appName + u"：按 "_s + hotKey.displayName
-                           + u" 开始或停止录音"_s);
+    m_callbacks.setToolTip(statusToolTip(hotKey));
 }
 
 void GlobalHotKeys::queue(std::function<void()> action)
