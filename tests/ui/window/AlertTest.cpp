@@ -24,6 +24,8 @@ TEST(Alert, isInFrontOfEverythingAndShownOnlyOnce)
             texts << box->informativeText();
             box->accept();
         }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
     texts.sort();
     EXPECT_EQ(texts, QStringList({u"保存失败"_s, u"识别失败"_s}));
     EXPECT_EQ(dismissals, 4);
