@@ -82,18 +82,18 @@ void HistoryStore::drain()
 
 void HistoryStore::save()
 {
-    m_queue.submit([this, items = m_items] { write(items); });
+    m_queue.submit([this, text = encodeHistory(m_items)] { write(text); });
 }
 
 // On the queue.
-void HistoryStore::write(const QList<HistoryItem> &items)
+void HistoryStore::write(const QByteArray &text)
 {
     try {
         DataDirectory::create();
         if (m_isFileUnreadable)
             static_cast<void>(DataDirectory::setAside(fileName));
         m_isFileUnreadable = false;
-        SecureFile::replace(historyURL().toLocalFile(), encodeHistory(items));
+        SecureFile::replace(historyURL().toLocalFile(), text);
     } catch (const LocalizedError &error) {
         SystemLog::report(u"history save failed: "_s + error.localizedDescription());
     }

@@ -39,7 +39,7 @@ public:
 
 private:
     void save();
-    void write(const QList<HistoryItem> &items);
+    void write(const QByteArray &text);
 
     QList<HistoryItem> m_items;
     // The file held something else than a history: the first save moves it aside. The queue's.
