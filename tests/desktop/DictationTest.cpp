@@ -8,8 +8,6 @@
 #include "TrayPanel.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
-#include "X11Connection.h"
-#include "X11Reply.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -104,28 +102,6 @@ TEST_F(Dictation, WorksWithoutSessionBusTrayAndCompositor)
     finish();
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
     EXPECT_EQ(application->end(SIGTERM), 0);
-}
-
-TEST_F(Dictation, ALockedScreenEndsItAndItsTextIsOnTheClipboard)
-{
-    launch(services);
-    startRecording();
-    const X11Connection locker([](const void *) {});
-    const auto hold = [&locker] {
-        auto *const server = locker.get();
-        const auto request = xcb_grab_keyboard(server, 0, locker.root(), XCB_CURRENT_TIME, 1, 1);
-        const auto grab = replyTo(server, request, xcb_grab_keyboard_reply);
-        return grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
-    };
-    ASSERT_TRUE(waitUntil(hold));
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Session lock changed. locked=true"_s));
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"failedStage=autoPaste"_s));
-    EXPECT_EQ(HistoryStore().items().constFirst().polished, polished);
-    xcb_ungrab_keyboard(locker.get(), XCB_CURRENT_TIME);
-    xcb_flush(locker.get());
-    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Session lock changed. locked=false"_s));
-    const auto onClipboard = runCommand(u"xclip -o -selection clipboard"_s).output;
-    EXPECT_EQ(QString::fromUtf8(onClipboard), polished);
 }
 
 TEST_F(Dictation, ALostSoundServerLeavesARecordingAndTheNextPressSaysSo)
