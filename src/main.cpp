@@ -3,7 +3,10 @@
 #include "AppDelegate.h"
 #include "AppRuntime.h"
 #include "Backends.h"
+#include "CommandLine.h"
+#include "RunCommand.h"
 #include "TerminationSignals.h"
+#include "Version.h"
 #include "WaylandSession.h"
 
 #include <QApplication>
@@ -17,18 +20,26 @@ int main(int argc, char **argv)
     // Our few threads allocate little: a heap for each of them would only cost memory.
     mallopt(M_ARENA_MAX, 1);
     QApplication::setApplicationName(AppRuntime::appName);
-    QApplication::setApplicationVersion(QStringLiteral(WRENFOLD_VERSION));
+    QApplication::setApplicationVersion(AppRuntime::version());
     QApplication::setDesktopFileName(AppRuntime::bundleIdentifier);
+    const auto commandLine = CommandLine::parse(argc, argv);
+    // Left at once: the bus connection has a thread that outlives what it uses.
+    if (const auto status = runCommand(commandLine, argc, argv))
+        std::quick_exit(*status);
+
     QApplication::setQuitOnLastWindowClosed(false);
     WaylandSession::useXWayland();
     QApplication application(argc, argv);
 
+    const auto mode = commandLine.command == Command::StartInBackground ? LaunchMode::InBackground
+                                                                        : LaunchMode::ShowsWindow;
     AppDelegate delegate(makeBackends());
     const TerminationSignals terminationSignals([] { QCoreApplication::quit(); });
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, [&delegate] {
         delegate.applicationWillTerminate();
     });
-    QTimer::singleShot(0, &application, [&delegate] { delegate.applicationDidFinishLaunching(); });
+    QTimer::singleShot(
+        0, &application, [&delegate, mode] { delegate.applicationDidFinishLaunching(mode); });
     const int status = QApplication::exec();
     // Everything of ours has ended. Qt would still wait for its resolver threads, which a name
     // server that does not answer holds for many seconds.

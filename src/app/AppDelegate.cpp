@@ -64,8 +64,9 @@ AppDelegate::~AppDelegate()
     applicationWillTerminate();
 }
 
-void AppDelegate::applicationDidFinishLaunching()
+void AppDelegate::applicationDidFinishLaunching(LaunchMode mode)
 {
+    m_launchMode = mode;
     AppLogger::installCrashLogging();
     Farewell::install();
     AppLogger::info("Launch started. app="_L1 + AppRuntime::appName + " bundleID="_L1
@@ -87,7 +88,8 @@ void AppDelegate::launch()
     updateStatusTitle(StatusWords::ready);
     m_lockWatch.start();
     m_backends.colorScheme->start(&Appearance::setColorScheme);
-    m_mainQueue.post([this] { showGettingStarted(); });
+    if (m_launchMode == LaunchMode::ShowsWindow)
+        m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
     WaylandSession::warnOfLimits();
     AppLogger::info(u"Launch finished."_s);
@@ -118,7 +120,7 @@ void AppDelegate::applicationWillTerminate()
     Farewell::say();
     m_historyStore.drain();
     AppLogger::drain();
-    m_showWindowChannel.stop();
+    m_instanceChannel.close();
     m_singleInstanceGuard.release();
 }
 
@@ -126,25 +128,34 @@ void AppDelegate::handOver()
 {
     AppLogger::warning(
         u"Duplicate launch detected. Requesting existing instance to show main window."_s);
-    m_handOverTimer = m_mainQueue.repeatEvery(takeOverInterval, [this] { takeOverIfLeft(); });
+    m_handOverTimer = m_mainQueue.repeatEvery(takeOverInterval, [this] { takeOverOrHandOver(); });
     m_mainQueue.postAfter(handOverLimit, [this] {
         if (m_handOverTimer)
             QCoreApplication::quit();
     });
-    requestExistingInstanceToShow();
-}
-
-void AppDelegate::requestExistingInstanceToShow()
-{
-    if (!m_showWindowChannel.post([] { QCoreApplication::quit(); }))
+    if (requestExistingInstanceToShow() == InstanceAnswer::NoBus)
         AppLogger::warning(u"Duplicate launch request could not be sent. No session bus."_s);
 }
 
-// An instance that quits no longer answers, and lets go of its lock last.
-void AppDelegate::takeOverIfLeft()
+// Who starts in the background has nothing to ask for, only a place to take.
+InstanceAnswer AppDelegate::requestExistingInstanceToShow()
 {
-    if (!m_singleInstanceGuard.acquire())
+    if (m_launchMode == LaunchMode::InBackground)
+        return InstanceAnswer::NoAnswer;
+    const auto answer = InstanceChannel::ask(InstanceCommand::ShowMainWindow);
+    if (answer == InstanceAnswer::Done)
+        QCoreApplication::quit();
+    return answer;
+}
+
+// An instance that quits no longer answers, and lets go of its lock last; one that starts does not
+// hear us yet.
+void AppDelegate::takeOverOrHandOver()
+{
+    if (!m_singleInstanceGuard.acquire()) {
+        static_cast<void>(requestExistingInstanceToShow());
         return;
+    }
     m_handOverTimer.reset();
     m_historyStore.load(); // what the other one saved last
     launch();
@@ -152,8 +163,27 @@ void AppDelegate::takeOverIfLeft()
 
 void AppDelegate::installDuplicateLaunchObserver()
 {
-    if (!m_showWindowChannel.observe([this] { handleDuplicateLaunchRequest(); }))
+    if (!m_instanceChannel.open(
+            [this](InstanceCommand command) { handleInstanceCommand(command); }))
         AppLogger::warning(u"Duplicate launch requests cannot be received. No session bus."_s);
+}
+
+void AppDelegate::handleInstanceCommand(InstanceCommand command)
+{
+    switch (command) {
+    case InstanceCommand::ShowMainWindow:
+        handleDuplicateLaunchRequest();
+        break;
+    case InstanceCommand::ToggleRecording:
+        m_mainQueue.post([this] { m_session.toggleRecording(); });
+        break;
+    case InstanceCommand::CancelRecording:
+        m_mainQueue.post([this] { m_session.cancelRecording(); });
+        break;
+    case InstanceCommand::Quit:
+        QCoreApplication::quit();
+        break;
+    }
 }
 
 void AppDelegate::handleDuplicateLaunchRequest()

@@ -12,10 +12,11 @@
 #include "GlobalHotKeys.h"
 #include "HistoryStore.h"
 #include "HttpSession.h"
+#include "InstanceChannel.h"
+#include "LaunchMode.h"
 #include "LockWatch.h"
 #include "MainWindowController.h"
 #include "PasteTurns.h"
-#include "ShowWindowChannel.h"
 #include "SingleInstanceGuard.h"
 #include "StatusMenu.h"
 #include "VoiceOverlayController.h"
@@ -31,7 +32,7 @@ public:
 
     // Runs the launch. A duplicate launch hands over to the running instance and quits, or takes
     // its place when it was on its way out.
-    void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching(LaunchMode mode = LaunchMode::ShowsWindow);
     // The user opened the application again, by its tray icon.
     void applicationShouldHandleReopen();
     // Ends everything promptly; the application object must quit afterwards.
@@ -58,9 +59,10 @@ public:
 private:
     void launch();
     void handOver();
-    void requestExistingInstanceToShow();
-    void takeOverIfLeft();
+    InstanceAnswer requestExistingInstanceToShow();
+    void takeOverOrHandOver();
     void installDuplicateLaunchObserver();
+    void handleInstanceCommand(InstanceCommand command);
     void handleDuplicateLaunchRequest();
     void configureStatusMenu();
     void loadConfig();
@@ -83,7 +85,7 @@ private:
     HttpSession m_http;
     Backends m_backends;
     SingleInstanceGuard m_singleInstanceGuard;
-    ShowWindowChannel m_showWindowChannel;
+    InstanceChannel m_instanceChannel;
     AudioRecorder m_recorder;
     VoiceOverlayController m_overlay;
     HistoryStore m_historyStore;
@@ -92,6 +94,7 @@ private:
     DictationSession m_session;
     LockWatch m_lockWatch;
     std::unique_ptr<MainWindowController> m_mainWindowController;
+    LaunchMode m_launchMode = LaunchMode::ShowsWindow;
     // Runs while a duplicate launch waits for the running instance's answer.
     std::unique_ptr<RepeatingTimer> m_handOverTimer;
     // The file held something that is not a configuration: the first save sets it aside.

@@ -13,10 +13,16 @@
 
 using namespace Qt::StringLiterals;
 
-WrenfoldApplication::WrenfoldApplication(const QStringList &environment)
+QString WrenfoldApplication::executable()
+{
+    return qEnvironmentVariable("WRENFOLD_UNDER_TEST", QStringLiteral(WRENFOLD_EXECUTABLE));
+}
+
+WrenfoldApplication::WrenfoldApplication(const QStringList &environment,
+                                         const QStringList &arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_process.start(u"env"_s, environment + QStringList{QStringLiteral(WRENFOLD_EXECUTABLE)});
+    m_process.start(u"env"_s, environment + QStringList{executable()} + arguments);
     m_process.waitForStarted();
 }
 

@@ -16,8 +16,12 @@ class Desktop;
 class WrenfoldApplication final
 {
 public:
+    // The program that was built, or the one that WRENFOLD_UNDER_TEST names.
+    [[nodiscard]] static QString executable();
+
     // Starts the program; with `environment`, lines of NAME=value that are set besides.
-    explicit WrenfoldApplication(const QStringList &environment = {});
+    explicit WrenfoldApplication(const QStringList &environment = {},
+                                 const QStringList &arguments = {});
     ~WrenfoldApplication();
     // The same, with an empty log; returns when it is up.
     [[nodiscard]] static std::unique_ptr<WrenfoldApplication>

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "RunCommand.h"
+
+#include "AppRuntime.h"
+#include "CommandLine.h"
+#include "InstanceChannel.h"
+#include "Version.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ExitStatus {
+    Done = 0,
+    Failed = 1,
+    NotUnderstood = 2,
+    NotRunning = 3,
+};
+
+int fail(const QString &what, ExitStatus status)
+{
+    std::fprintf(stderr, "wrenfold: %s\n", qUtf8Printable(what));
+    return status;
+}
+
+int print(const QByteArray &text)
+{
+    std::fputs(text.constData(), stdout);
+    return std::fflush(stdout) == 0 ? Done : fail(u"cannot write this"_s, Failed);
+}
+
+QByteArray helpText()
+{
+    QFile file(u":/help/usage.txt"_s);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+int statusOf(InstanceAnswer answer)
+{
+    switch (answer) {
+    case InstanceAnswer::Done:
+        return Done;
+    case InstanceAnswer::NotRunning:
+        return fail(u"not running in this session"_s, NotRunning);
+    case InstanceAnswer::NoAnswer:
+        return fail(u"the running Wrenfold does not answer"_s, Failed);
+    case InstanceAnswer::NoBus:
+        return fail(u"there is no session bus to reach it over"_s, Failed);
+    }
+    Q_UNREACHABLE();
+}
+
+// Shown by the running instance, or by the one that this process becomes.
+std::optional<int> show()
+{
+    if (InstanceChannel::ask(InstanceCommand::ShowMainWindow) == InstanceAnswer::Done)
+        return Done;
+    return {};
+}
+
+std::optional<int> askInstance(Command command)
+{
+    switch (command) {
+    case Command::Show:
+        return show();
+    case Command::Toggle:
+        return statusOf(InstanceChannel::ask(InstanceCommand::ToggleRecording));
+    case Command::Cancel:
+        return statusOf(InstanceChannel::ask(InstanceCommand::CancelRecording));
+    case Command::Quit:
+        return statusOf(InstanceChannel::askToQuit());
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+std::optional<int> runCommand(const CommandLine &line, int argc, char **argv)
+{
+    if (!line.mistake.isEmpty())
+        return fail(line.mistake + "; wrenfold --help shows those there are"_L1, NotUnderstood);
+    switch (line.command) {
+    case Command::Start:
+    case Command::StartInBackground:
+        return {};
+    case Command::Help:
+        return print(helpText());
+    case Command::Version:
+        return print((AppRuntime::appName + " "_L1 + AppRuntime::version() + u'\n').toUtf8());
+    default:
+        break;
+    }
+    // The bus wants one; it is gone again before the application's own is made.
+    const QCoreApplication application(argc, argv);
+    return askInstance(line.command);
+}

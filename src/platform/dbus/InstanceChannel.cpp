@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "InstanceChannel.h"
+
+#include "AppRuntime.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int answerLimitMs = 1000;
+constexpr int closeLimitMs = 100;
+// Longer than an instance takes to quit, with a disk that does not answer.
+constexpr auto quitLimit = 6s;
+
+constexpr auto path = "/local/wrenfold"_L1;
+
+QString member(InstanceCommand command)
+{
+    switch (command) {
+    case InstanceCommand::ShowMainWindow:
+        return u"showMainWindow"_s;
+    case InstanceCommand::ToggleRecording:
+        return u"toggleRecording"_s;
+    case InstanceCommand::CancelRecording:
+        return u"cancelRecording"_s;
+    case InstanceCommand::Quit:
+        return u"quit"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+QDBusMessage reply(InstanceCommand command)
+{
+    const QString name = AppRuntime::bundleIdentifier;
+    auto request = QDBusMessage::createMethodCall(name, path, name, member(command));
+    request.setAutoStartService(false);
+    return QDBusConnection::sessionBus().call(request, QDBus::Block, answerLimitMs);
+}
+
+InstanceAnswer answer(const QDBusMessage &reply)
+{
+    if (!QDBusConnection::sessionBus().isConnected())
+        return InstanceAnswer::NoBus;
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return InstanceAnswer::Done;
+    const bool isNobody = reply.errorName() == QDBusError::errorString(QDBusError::ServiceUnknown)
+        || reply.errorName() == "org.freedesktop.DBus.Error.NameHasNoOwner"_L1;
+    return isNobody ? InstanceAnswer::NotRunning : InstanceAnswer::NoAnswer;
+}
+
+// Whether the process behind this unique name is gone from the bus, within the limit.
+bool hasLeft(const QString &uniqueName)
+{
+    auto bus = QDBusConnection::sessionBus();
+    const QDBusServiceWatcher watcher(uniqueName, bus, QDBusServiceWatcher::WatchForUnregistration);
+    QEventLoop loop;
+    QObject::connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &loop, &QEventLoop::quit);
+    QTimer::singleShot(quitLimit, &loop, &QEventLoop::quit);
+    if (bus.interface()->isServiceRegistered(uniqueName))
+        loop.exec();
+    return !bus.interface()->isServiceRegistered(uniqueName);
+}
+
+QDBusMessage nameRequest(const QString &member, const QVariantList &arguments)
+{
+    auto request = QDBusMessage::createMethodCall(
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, member);
+    request.setArguments(arguments);
+    return request;
+}
+
+} // namespace
+
+InstanceChannel::~InstanceChannel()
+{
+    close();
+}
+
+InstanceAnswer InstanceChannel::ask(InstanceCommand command)
+{
+    return answer(reply(command));
+}
+
+InstanceAnswer InstanceChannel::askToQuit()
+{
+    const auto message = reply(InstanceCommand::Quit);
+    const auto result = answer(message);
+    if (result != InstanceAnswer::Done || hasLeft(message.service()))
+        return result;
+    return InstanceAnswer::NoAnswer;
+}
+
+bool InstanceChannel::open(Handler handler)
+{
+    close();
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.registerObject(path, this, QDBusConnection::ExportScriptableInvokables))
+        return false;
+    m_handler = std::move(handler);
+    // Not waited for: the launch goes on. Who has the name already is asked before us, and leaves
+    // it to us when it goes.
+    const QString name = AppRuntime::bundleIdentifier;
+    return bus.send(nameRequest(u"RequestName"_s, {name, 0U}));
+}
+
+void InstanceChannel::close()
+{
+    if (!m_handler)
+        return;
+    m_handler = {};
+    auto bus = QDBusConnection::sessionBus();
+    bus.unregisterObject(path);
+    // Once this is answered, so is whatever was asked before.
+    const QString name = AppRuntime::bundleIdentifier;
+    bus.call(nameRequest(u"ReleaseName"_s, {name}), QDBus::Block, closeLimitMs);
+}
+
+void InstanceChannel::showMainWindow()
+{
+    handle(InstanceCommand::ShowMainWindow);
+}
+
+void InstanceChannel::toggleRecording()
+{
+    handle(InstanceCommand::ToggleRecording);
+}
+
+void InstanceChannel::cancelRecording()
+{
+    handle(InstanceCommand::CancelRecording);
+}
+
+void InstanceChannel::quit()
+{
+    handle(InstanceCommand::Quit);
+}
+
+void InstanceChannel::handle(InstanceCommand command) const
+{
+    if (m_handler)
+        m_handler(command);
+}

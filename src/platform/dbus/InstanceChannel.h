@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+// What another process of this user may ask of the running instance.
+enum class InstanceCommand {
+    ShowMainWindow,
+    ToggleRecording, // as a press of the hotkey does
+    CancelRecording, // as Escape does
+    Quit,
+};
+
+// What became of such a request.
+enum class InstanceAnswer {
+    Done,
+    NotRunning, // nobody has the name on this session's bus
+    NoAnswer, // somebody has, but does not answer within a second, or is on its way out
+    NoBus,
+};
+
+// The only channel between two processes of ours: an object on the session bus, which belongs to
+// one user and session. Main thread only.
+class InstanceChannel final : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "local.wrenfold")
+public:
+    using Handler = std::function<void(InstanceCommand)>;
+
+    InstanceChannel() = default;
+    ~InstanceChannel() override;
+
+    // Asks the running instance and waits for its answer, a second at most. Needs no event loop.
+    [[nodiscard]] static InstanceAnswer ask(InstanceCommand command);
+    // Asks it to quit, likewise, and then waits until its process has left the bus; NoAnswer when
+    // it is still there after six seconds.
+    [[nodiscard]] static InstanceAnswer askToQuit();
+
+    // Makes this process the running instance: calls the handler from the event loop for every
+    // request until close(); a request is answered once the handler returns. False without a bus.
+    [[nodiscard]] bool open(Handler handler);
+    // From here on nobody is answered.
+    void close();
+
+    // The object's members on the bus.
+    Q_SCRIPTABLE void showMainWindow();
+    Q_SCRIPTABLE void toggleRecording();
+    Q_SCRIPTABLE void cancelRecording();
+    Q_SCRIPTABLE void quit();
+
+private:
+    void handle(InstanceCommand command) const;
+
+    Handler m_handler; // empty when not open
+};

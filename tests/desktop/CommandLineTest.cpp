@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "InstanceChannel.h"
+#include "Process.h"
+#include "WaitUntil.h"
+#include "WrenfoldApplication.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The exit status of the program with these options, which it says one line about when it is not 0.
+int statusOf(const QString &options, const QString &within = {})
+{
+    const auto result = runCommand(within + WrenfoldApplication::executable() + u' ' + options);
+    EXPECT_EQ(result.errors.count('\n'), result.exitCode == 0 ? 0 : 1) << result.errors.data();
+    return result.exitCode;
+}
+
+bool hasWindow()
+{
+    return runCommand(u"xdotool search --onlyvisible --name '^Wrenfold$'"_s).exitCode == 0;
+}
+
+} // namespace
+
+TEST(CommandLine, SaysWhatIsWrongWhenThereIsNothingToReach)
+{
+    const std::pair<QString, int> rows[] = {
+        {u"--help"_s, 0},
+        {u"--version"_s, 0},
+        {u"--toggle now"_s, 2},
+        {u"--bogus"_s, 2},
+        {u"--toggle"_s, 3},
+        {u"--cancel"_s, 3},
+        {u"--quit"_s, 3},
+    };
+    for (const auto &[options, status] : rows)
+        EXPECT_EQ(statusOf(options), status) << qPrintable(options);
+    EXPECT_EQ(statusOf(u"--toggle"_s, u"DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent "_s), 1);
+}
+
+TEST(CommandLine, ReachesTheInstanceOfThisSessionAlone)
+{
+    const WrenfoldApplication application({}, {u"--background"_s});
+    ASSERT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    const std::pair<QString, QString> rows[] = {
+        {u"--toggle"_s, u"Recording started."_s},
+        {u"--cancel"_s, u"Recording cancelled."_s},
+        {u"--toggle"_s, u"Recording started."_s},
+        {u"--toggle"_s, u"Recording stopped."_s},
+    };
+    for (const auto &[option, line] : rows) {
+        const auto before = WrenfoldApplication::log().filter(line).size();
+        EXPECT_EQ(statusOf(option), 0);
+        EXPECT_TRUE(WrenfoldApplication::waitForLog(line, before + 1)) << qPrintable(line);
+    }
+    const auto elsewhere = "dbus-run-session -- "_L1 + WrenfoldApplication::executable();
+    EXPECT_EQ(runCommand(elsewhere + " --toggle"_L1).exitCode, 3);
+    EXPECT_FALSE(hasWindow());
+    EXPECT_EQ(statusOf(u"--show"_s), 0);
+    EXPECT_TRUE(waitUntil(&hasWindow));
+
+    // The best of a few: the machine is not ours alone.
+    qint64 best = 1000;
+    for (int i = 0; i < 10; ++i)
+        best = std::min(best, millisecondsOf([] {
+                            EXPECT_EQ(InstanceChannel::ask(InstanceCommand::CancelRecording),
+                                      InstanceAnswer::Done);
+                        }));
+    EXPECT_LT(best, 10);
+
+    EXPECT_EQ(statusOf(u"--quit"_s), 0);
+    EXPECT_EQ(statusOf(u"--cancel"_s), 3);
+    EXPECT_TRUE(waitUntil([&application] { return !application.isRunning(); }));
+}
+
+TEST(CommandLine, ShowStartsWhatDoesNotRun)
+{
+    const WrenfoldApplication application({}, {u"--show"_s});
+    EXPECT_TRUE(waitUntil(&hasWindow));
+}
