@@ -15,7 +15,7 @@ struct Row
 
 // Every application that is not told by Control + V: terminals, and editors in which that is a
 // command of its own.
-constexpr Row table[] = {
+constexpr Row chords[] = {
     {"alacritty", PasteChord::ShiftInsert},
     {"com.mitchellh.ghostty", PasteChord::ShiftInsert},
     {"cool-retro-term", PasteChord::ShiftInsert},
@@ -60,8 +60,8 @@ PasteChord pasteChordOf(const QByteArrayList &applicationNames)
     for (const auto &name : applicationNames) {
         const auto lowerCase = name.toLower();
         const auto *const row =
-            std::ranges::find(table, std::string_view(lowerCase.constData()), &Row::application);
-        if (row != std::end(table))
+            std::ranges::find(chords, std::string_view(lowerCase.constData()), &Row::application);
+        if (row != std::end(chords))
             return row->chord;
     }
     return PasteChord::ControlV;
