@@ -113,8 +113,8 @@ void AppDelegate::applicationWillTerminate()
         return;
     m_mainQueue.close();
     m_http.close();
-    m_tasks.waitForDone();
     m_session.terminate();
+    m_tasks.waitForDone();
     m_backends.clipboard->handOver();
     // From here on nobody logs any more.
     Farewell::say();

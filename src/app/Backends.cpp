@@ -28,7 +28,7 @@ Backends makeBackends()
         .clipboard = std::make_unique<X11Clipboard>(),
         .focusReturn = std::make_unique<X11FocusReturn>(),
         .sessionLock = std::make_unique<DBusSessionLock>(),
-        .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::permission),
+        .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::request),
         .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},
         .hasCompositor = &hasCompositor,

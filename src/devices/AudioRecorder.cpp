@@ -47,14 +47,14 @@ void AudioRecorder::sweepLeftovers()
     }
 }
 
-bool AudioRecorder::requestPermission()
+std::shared_ptr<MicrophonePermissionAnswer> AudioRecorder::requestPermission()
 {
-    return m_system.microphonePermission() == MicrophonePermission::Authorized;
+    return m_system.requestMicrophonePermission();
 }
 
-QString AudioRecorder::permissionStatusDescription()
+QString AudioRecorder::permissionStatusDescription(MicrophonePermission permission)
 {
-    switch (m_system.microphonePermission()) {
+    switch (permission) {
     case MicrophonePermission::NotDetermined:
         return u"notDetermined"_s;
     case MicrophonePermission::Restricted:
@@ -73,7 +73,8 @@ QString AudioRecorder::microphoneName()
     return name.isEmpty() ? u"默认麦克风"_s : name;
 }
 
-std::unique_ptr<Recording> AudioRecorder::start(const QString &microphone)
+std::unique_ptr<Recording> AudioRecorder::start(const QString &microphone,
+                                                MicrophonePermission permission)
 {
     const bool isWritable = QFileInfo(temporaryDirectoryPath()).isWritable();
     auto recording = std::make_unique<Recording>(m_system);
@@ -83,7 +84,7 @@ std::unique_ptr<Recording> AudioRecorder::start(const QString &microphone)
                     " permission=%4 input=%5"_s.arg(flagText(isPrepared),
                                                     flagText(isStarted),
                                                     flagText(isWritable),
-                                                    permissionStatusDescription(),
+                                                    permissionStatusDescription(permission),
                                                     microphone));
     if (!isStarted)
         throw HushwireError::recordingFailed(u"录音没有启动成功。请检查系统麦克风权限和输入设备，"

@@ -9,7 +9,7 @@
 #include <memory>
 
 // Records the default microphone into a temporary WAV file, one recording at a time. Whatever asks
-// the sound server may have to wait for it and is called off the main thread: the questions and
+// the sound server may have to wait for it and is called off the main thread: microphoneName() and
 // start(). The rest is for the main thread and returns at once.
 class AudioRecorder final
 {
@@ -23,16 +23,17 @@ public:
     // is the user's one instance, and not recording.
     static void sweepLeftovers();
 
-    // Whether the microphone may be used.
-    [[nodiscard]] bool requestPermission();
+    // Asks whether the microphone may be used; returns at once. Main thread only.
+    [[nodiscard]] std::shared_ptr<MicrophonePermissionAnswer> requestPermission();
     // "notDetermined", "restricted", "denied", "authorized" or "unknown", for the log.
-    [[nodiscard]] QString permissionStatusDescription();
+    [[nodiscard]] static QString permissionStatusDescription(MicrophonePermission permission);
     // The default input device's description, or "默认麦克风" when there is none.
     [[nodiscard]] QString microphoneName();
 
     // Starts a recording, for keep(). Throws HushwireError::recordingFailed, or LocalizedError when
-    // the file cannot be created; no file is left then. `microphone` is named in the log.
-    [[nodiscard]] std::unique_ptr<Recording> start(const QString &microphone);
+    // the file cannot be created; no file is left then. What is known of the microphone is logged.
+    [[nodiscard]] std::unique_ptr<Recording> start(const QString &microphone,
+                                                   MicrophonePermission permission);
 
     // Makes a started recording the one in progress.
     void keep(std::unique_ptr<Recording> recording);

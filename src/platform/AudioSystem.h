@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "MicrophonePermissionAnswer.h"
 #include "RecordingCondition.h"
 
 #include <QString>
@@ -33,15 +34,8 @@ public:
     [[nodiscard]] virtual float averagePowerDb() const = 0;
 };
 
-enum class MicrophonePermission {
-    NotDetermined,
-    Restricted,
-    Denied,
-    Authorized,
-};
-
-// The sound server as the recorder needs it. Safe from any thread; may wait for the server, so not
-// for the main thread.
+// The sound server as the recorder needs it. Safe from any thread; but for the question for the
+// permission it may wait for the server, so not for the main thread.
 class AudioSystem
 {
 public:
@@ -53,8 +47,9 @@ public:
     // The default input device's own description; empty when there is none. What an output plays
     // is no input.
     [[nodiscard]] virtual QString defaultInputName() = 0;
-    // Whether this application may use the microphone, without asking.
-    [[nodiscard]] virtual MicrophonePermission microphonePermission() = 0;
+    // Asks whether this application may use the microphone and returns at once. Main thread only.
+    [[nodiscard]] virtual std::shared_ptr<MicrophonePermissionAnswer>
+    requestMicrophonePermission() = 0;
     // An engine that writes to a new file at `path` (mode 0600, never through a link). Throws
     // LocalizedError when the file cannot be created.
     [[nodiscard]] virtual std::unique_ptr<RecordingEngine> createRecording(const QString &path) = 0;

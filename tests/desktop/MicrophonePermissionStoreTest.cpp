@@ -9,7 +9,6 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 
-#include <future>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -19,12 +18,11 @@ namespace {
 
 using Permissions = QMap<QString, QStringList>;
 
-// Answers every look-up of the microphone with the same record; never, when it has none.
+// A store that takes its time with the look-up of the microphone.
 class FakePermissionStore final : public QDBusVirtualObject
 {
 public:
-    explicit FakePermissionStore(std::optional<Permissions> permissions)
-        : m_permissions(std::move(permissions))
+    FakePermissionStore()
     {
         qDBusRegisterMetaType<Permissions>();
         m_bus.registerVirtualObject(u"/org/freedesktop/impl/portal/PermissionStore"_s, this);
@@ -33,25 +31,39 @@ public:
     ~FakePermissionStore() override { QDBusConnection::disconnectFromBus(u"store"_s); }
 
     QString introspect(const QString &) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &) override
     {
         const QVariantList expected{u"devices"_s, u"microphone"_s};
         if (message.member() != u"Lookup"_s || message.arguments() != expected)
             return false;
-        const auto data = QVariant::fromValue(QDBusVariant(0));
-        if (m_permissions)
-            bus.send(message.createReply({QVariant::fromValue(*m_permissions), data}));
+        m_question = message;
         return true;
+    }
+    bool isAsked() const { return m_question.type() == QDBusMessage::MethodCallMessage; }
+    // Answers with the record; without one, that there is none.
+    void answer(const std::optional<Permissions> &permissions)
+    {
+        const auto data = QVariant::fromValue(QDBusVariant(0));
+        m_bus.send(permissions
+                       ? m_question.createReply({QVariant::fromValue(*permissions), data})
+                       : m_question.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_s,
+                                                     u"No entry for microphone"_s));
     }
 
 private:
-    std::optional<Permissions> m_permissions;
+    QDBusMessage m_question;
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"store"_s);
 };
 
+MicrophonePermission awaited(const MicrophonePermissionAnswer &answer)
+{
+    EXPECT_TRUE(waitUntil([&] { return answer.value() != MicrophonePermission::NotDetermined; }));
+    return answer.value();
+}
+
 } // namespace
 
-TEST(MicrophonePermissionStoreTest, DeniesOnlyWhatTheDesktopDenies)
+TEST(MicrophonePermissionStoreTest, DeniesOnlyWhatTheDesktopDeniesHoweverLate)
 {
     const QString own = u"local.wrenfold"_s;
     const QStringList yes{u"yes"_s};
@@ -68,12 +80,13 @@ TEST(MicrophonePermissionStoreTest, DeniesOnlyWhatTheDesktopDenies)
         {Permissions{}, granted},
         {std::nullopt, granted},
     };
-    EXPECT_EQ(MicrophonePermissionStore::permission(), granted);
+    EXPECT_EQ(awaited(*MicrophonePermissionStore::request()), granted);
     for (const auto &[permissions, expected] : cases) {
-        const FakePermissionStore store(permissions);
-        auto answer = std::async(std::launch::async, &MicrophonePermissionStore::permission);
-        EXPECT_TRUE(
-            waitUntil([&] { return answer.wait_for(0s) == std::future_status::ready; }, 300ms));
-        EXPECT_EQ(answer.get(), expected);
+        FakePermissionStore store;
+        const auto answer = MicrophonePermissionStore::request();
+        ASSERT_TRUE(waitUntil([&] { return store.isAsked(); }));
+        EXPECT_EQ(answer->value(), MicrophonePermission::NotDetermined);
+        store.answer(permissions);
+        EXPECT_EQ(awaited(*answer), expected);
     }
 }

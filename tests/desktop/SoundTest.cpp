@@ -86,7 +86,7 @@ protected:
     }
 
     QString m_path = qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/recording.wav"_s;
-    PulseAudioSystem m_system{[] { return MicrophonePermission::Authorized; }};
+    PulseAudioSystem m_system{&std::make_shared<MicrophonePermissionAnswer>};
 };
 
 TEST_F(SoundTest, AToneArrivesWholeAtItsPitchAndLevelAndTheMeterFollowsIt)

@@ -17,7 +17,9 @@ class FakeAudioSystem final : public AudioSystem
 {
 public:
     QString inputName = QStringLiteral("Fake Microphone");
-    std::atomic<MicrophonePermission> permission = MicrophonePermission::Authorized;
+    // NotDetermined leaves the question open.
+    MicrophonePermission permission = MicrophonePermission::Authorized;
+    std::shared_ptr<MicrophonePermissionAnswer> permissionAnswer; // to the latest question
     bool canCreate = true;
     bool canPrepare = true;
     bool canRecord = true;
@@ -31,7 +33,13 @@ public:
         noteThread();
         return inputName;
     }
-    [[nodiscard]] MicrophonePermission microphonePermission() override { return permission; }
+    [[nodiscard]] std::shared_ptr<MicrophonePermissionAnswer> requestMicrophonePermission() override
+    {
+        permissionAnswer = std::make_shared<MicrophonePermissionAnswer>();
+        if (permission != MicrophonePermission::NotDetermined)
+            permissionAnswer->give(permission);
+        return permissionAnswer;
+    }
     [[nodiscard]] std::unique_ptr<RecordingEngine> createRecording(const QString &path) override
     {
         noteThread();

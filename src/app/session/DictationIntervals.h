@@ -12,6 +12,8 @@ using namespace std::chrono_literals;
 
 // How often the level meter moves: thirty times a second.
 inline constexpr auto level = 33ms;
+// How long a start waits for the desktop's word about the microphone before it goes on without.
+inline constexpr auto permissionAnswer = 100ms;
 // A stage that takes longer than this is said to be slow.
 inline constexpr auto slowStageAfter = 8000ms;
 // Servers close idle connections; opening them again costs nothing while they live.

@@ -79,30 +79,33 @@ void DictationSession::terminate()
     m_connectionTimer.reset();
     m_interruptionTimer.reset();
     m_recorder.discard();
+    if (m_permission)
+        m_permission->give(MicrophonePermission::Denied);
 }
 
 void DictationSession::beginRecording()
 {
     AppLogger::info(u"Recording requested."_s);
     m_state = State::Starting;
-    m_tasks.start([this] {
+    m_permission = m_recorder.requestPermission();
+    m_tasks.start([this, permission = m_permission] {
         try {
-            startRecording();
+            startRecording(*permission);
         } catch (const CancelledError &) {
-            // The application quits; terminate() ends what was started here.
+            // The application quits.
         }
     });
 }
 
 // Off the main thread.
-void DictationSession::startRecording()
+void DictationSession::startRecording(const MicrophonePermissionAnswer &permission)
 {
     const auto microphone = m_recorder.microphoneName();
-    if (!checkMicrophonePermission(microphone))
+    if (!checkMicrophonePermission(permission, microphone))
         return;
     std::unique_ptr<Recording> recording;
     try {
-        recording = m_recorder.start(microphone);
+        recording = m_recorder.start(microphone, permission.value());
     } catch (...) {
         const auto error = std::current_exception();
         AppLogger::error(u"Recording start failed."_s, error);
@@ -113,21 +116,27 @@ void DictationSession::startRecording()
     m_mainQueue.runAndWait([&] { enterRecording(std::move(recording), microphone); });
 }
 
-// Off the main thread.
-bool DictationSession::checkMicrophonePermission(const QString &microphone)
+// Off the main thread. An answer that is still open does not hold up the start.
+bool DictationSession::checkMicrophonePermission(const MicrophonePermissionAnswer &permission,
+                                                 const QString &microphone)
 {
-    const bool isGranted = m_recorder.requestPermission();
+    const auto status = permission.value(DictationIntervals::permissionAnswer);
+    const bool isGranted = status == MicrophonePermission::Authorized;
     AppLogger::info("Microphone permission checked. granted="_L1 + flagText(isGranted)
-                    + " status="_L1 + m_recorder.permissionStatusDescription() + " input="_L1
-                    + microphone);
-    if (isGranted)
+                    + " status="_L1 + AudioRecorder::permissionStatusDescription(status)
+                    + " input="_L1 + microphone);
+    if (isGranted || status == MicrophonePermission::NotDetermined)
         return true;
-    AppLogger::warning(u"Microphone permission denied."_s);
-    m_mainQueue.runAndWait([this] {
-        failToStart(std::make_exception_ptr(
-            HushwireError::permissionMissing(u"需要麦克风权限才能录音。"_s)));
-    });
+    m_mainQueue.runAndWait([this] { refuseMicrophone(); });
     return false;
+}
+
+void DictationSession::refuseMicrophone()
+{
+    AppLogger::warning(u"Microphone permission denied."_s);
+    m_recorder.discard();
+    failToStart(
+        std::make_exception_ptr(HushwireError::permissionMissing(u"需要麦克风权限才能录音。"_s)));
 }
 
 void DictationSession::failToStart(const std::exception_ptr &error)
@@ -156,7 +165,12 @@ void DictationSession::enterRecording(std::unique_ptr<Recording> recording,
 
 void DictationSession::followRecording()
 {
-    if (const auto condition = m_recorder.condition(); condition != RecordingCondition::Capturing)
+    const auto permission = m_permission->value();
+    if (permission != MicrophonePermission::NotDetermined
+        && permission != MicrophonePermission::Authorized)
+        refuseMicrophone();
+    else if (const auto condition = m_recorder.condition();
+             condition != RecordingCondition::Capturing)
         interrupt(condition);
     else
         m_overlay.updateLevel(m_recorder.normalizedPowerLevel());
@@ -188,7 +202,9 @@ void DictationSession::finishRecording()
     leaveRecording();
     showProcessingStage(OverlayMessages::recognising());
     m_host.updateStatusTitle(StatusWords::recognising);
-    m_tasks.start([this, recording, config = m_host.config()] { process(*recording, config); });
+    m_tasks.start([this, recording, permission = m_permission, config = m_host.config()] {
+        finish(*recording, *permission, config);
+    });
 }
 
 void DictationSession::leaveRecording()
@@ -210,10 +226,23 @@ void DictationSession::stopLevelUpdates()
     m_levelTimer.reset();
 }
 
-// The road from the recording to the pasted text, off the main thread.
-void DictationSession::process(Recording &recording, AppConfig config)
+// Off the main thread. Nothing of what was recorded goes on before the microphone was allowed.
+void DictationSession::finish(Recording &recording,
+                              const MicrophonePermissionAnswer &permission,
+                              const AppConfig &config)
 {
     const auto audioURL = recording.finish();
+    if (permission.wait() == MicrophonePermission::Authorized) {
+        process(audioURL, config);
+        return;
+    }
+    QFile::remove(audioURL.toLocalFile());
+    m_mainQueue.post([this] { refuseMicrophone(); });
+}
+
+// The road from the recording to the pasted text, off the main thread.
+void DictationSession::process(const QUrl &audioURL, AppConfig config)
+{
     const auto audioBytes = static_cast<quint64>(QFileInfo(audioURL.toLocalFile()).size());
     AppLogger::info("Recording stopped. audioBytes="_L1 + QString::number(audioBytes));
     ProcessingTimings timings(audioBytes);

@@ -17,6 +17,7 @@ class AudioRecorder;
 class BackgroundTasks;
 class DictationHost;
 class HistoryStore;
+class MicrophonePermissionAnswer;
 class Recording;
 class VoiceOverlayController;
 struct OverlayMessage;
@@ -65,7 +66,8 @@ public:
     void showError(const std::exception_ptr &error);
     // Shows a short text in the overlay; it is hidden after the delay unless a dictation runs.
     void showOverlayMessage(const OverlayMessage &message);
-    // Ends a recording for good when the application quits; leaves no file behind.
+    // Ends a recording for good when the application quits, and what a task waits for here; leaves
+    // no file behind. The main queue is closed by then.
     void terminate();
 
 private:
@@ -78,8 +80,10 @@ private:
     };
 
     void beginRecording();
-    void startRecording();
-    [[nodiscard]] bool checkMicrophonePermission(const QString &microphone);
+    void startRecording(const MicrophonePermissionAnswer &permission);
+    [[nodiscard]] bool checkMicrophonePermission(const MicrophonePermissionAnswer &permission,
+                                                 const QString &microphone);
+    void refuseMicrophone();
     void failToStart(const std::exception_ptr &error);
     void enterRecording(std::unique_ptr<Recording> recording, const QString &microphone);
     void followRecording();
@@ -89,7 +93,10 @@ private:
     void startLevelUpdates();
     void stopLevelUpdates();
 
-    void process(Recording &recording, AppConfig config);
+    void finish(Recording &recording,
+                const MicrophonePermissionAnswer &permission,
+                const AppConfig &config);
+    void process(const QUrl &audioURL, AppConfig config);
     void announcePolishing();
     void keep(const QString &transcript, const QString &polished);
     void endProcessing();
@@ -117,6 +124,8 @@ private:
     State m_state = State::Idle;
     bool m_isLocked = false;
     bool m_hasCopiedWhileLocked = false;
+    // Of the latest dictation; absent before the first.
+    std::shared_ptr<MicrophonePermissionAnswer> m_permission;
     // Changes with the displayed stage and when processing ends: retires stale slow messages.
     qint64 m_processingStageToken = 0;
     std::unique_ptr<RepeatingTimer> m_levelTimer;

@@ -4,9 +4,11 @@
 
 #include "AppRuntime.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QMap>
 #include <QStringList>
 
@@ -14,32 +16,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int answerLimitMs = 100;
-
 // What the store holds for each application; the empty name stands for all without a sandbox.
 using Permissions = QMap<QString, QStringList>;
 
-Permissions microphonePermissions()
+QDBusMessage lookup()
 {
     auto call = QDBusMessage::createMethodCall(u"org.freedesktop.impl.portal.PermissionStore"_s,
                                                u"/org/freedesktop/impl/portal/PermissionStore"_s,
                                                u"org.freedesktop.impl.portal.PermissionStore"_s,
                                                u"Lookup"_s);
     call << u"devices"_s << u"microphone"_s;
-    const auto reply = QDBusConnection::sessionBus().call(call, QDBus::Block, answerLimitMs);
-    if (reply.type() != QDBusMessage::ReplyMessage || !reply.signature().startsWith(u"a{sas}"_s))
-        return {};
-    return qdbus_cast<Permissions>(reply.arguments().constFirst());
+    return call;
 }
 
-} // namespace
-
-MicrophonePermission MicrophonePermissionStore::permission()
+MicrophonePermission permissionIn(const QDBusMessage &reply)
 {
-    const auto permissions = microphonePermissions();
+    Permissions permissions;
+    if (reply.type() == QDBusMessage::ReplyMessage && reply.signature().startsWith(u"a{sas}"_s))
+        permissions = qdbus_cast<Permissions>(reply.arguments().constFirst());
     const QString application = AppRuntime::bundleIdentifier;
     const auto answer =
         permissions.value(permissions.contains(application) ? application : QString());
     return answer.contains(u"no"_s) ? MicrophonePermission::Denied
                                     : MicrophonePermission::Authorized;
+}
+
+} // namespace
+
+std::shared_ptr<MicrophonePermissionAnswer> MicrophonePermissionStore::request()
+{
+    auto answer = std::make_shared<MicrophonePermissionAnswer>();
+    auto *watcher =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(lookup()), qApp);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [answer, watcher] {
+        answer->give(permissionIn(watcher->reply()));
+        watcher->deleteLater();
+    });
+    return answer;
 }

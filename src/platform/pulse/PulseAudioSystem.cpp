@@ -4,7 +4,7 @@
 
 #include "PulseRecordingEngine.h"
 
-PulseAudioSystem::PulseAudioSystem(std::function<MicrophonePermission()> permission)
+PulseAudioSystem::PulseAudioSystem(PermissionRequest permission)
     : m_permission(std::move(permission))
 {
     m_connection.connectAhead();

@@ -12,15 +12,19 @@
 class PulseAudioSystem final : public AudioSystem
 {
 public:
-    // Starts connecting in the background. `permission` answers microphonePermission(), from any
-    // thread.
-    explicit PulseAudioSystem(std::function<MicrophonePermission()> permission);
+    using PermissionRequest = std::function<std::shared_ptr<MicrophonePermissionAnswer>()>;
+
+    // Starts connecting in the background. `permission` answers requestMicrophonePermission().
+    explicit PulseAudioSystem(PermissionRequest permission);
 
     [[nodiscard]] QString defaultInputName() override;
-    [[nodiscard]] MicrophonePermission microphonePermission() override { return m_permission(); }
+    [[nodiscard]] std::shared_ptr<MicrophonePermissionAnswer> requestMicrophonePermission() override
+    {
+        return m_permission();
+    }
     [[nodiscard]] std::unique_ptr<RecordingEngine> createRecording(const QString &path) override;
 
 private:
-    std::function<MicrophonePermission()> m_permission;
+    PermissionRequest m_permission;
     PulseConnection m_connection;
 };

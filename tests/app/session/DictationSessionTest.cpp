@@ -43,8 +43,8 @@ protected:
         }
         EXPECT_FALSE(audio.wasAskedOnMainThread);
         queue.close();
-        tasks.waitForDone();
         session.terminate();
+        tasks.waitForDone();
         AppLogger::drain();
     }
 
@@ -111,6 +111,10 @@ protected:
             {u"unplug"_s, [&] { audio.condition = RecordingCondition::DeviceLost; }},
             {u"fill"_s, [&] { audio.condition = RecordingCondition::StorageFull; }},
             {u"deny"_s, [&] { audio.permission = MicrophonePermission::Denied; }},
+            {u"ask"_s, [&] { audio.permission = MicrophonePermission::NotDetermined; }},
+            {u"yes"_s, [&] { audio.permissionAnswer->give(MicrophonePermission::Authorized); }},
+            {u"no"_s, [&] { audio.permissionAnswer->give(MicrophonePermission::Denied); }},
+            {u"never"_s, [&] { take(u"no"_s), await(); }},
             {u"block"_s, [&] { audio.canCreate = false; }},
             {u"refuse"_s, [&] { audio.canRecord = false; }},
             {u"fetch"_s, [&] { reportDelivery(12ms); }},
@@ -248,6 +252,13 @@ INSTANTIATE_TEST_SUITE_P(
         // A start that fails is told, over whatever was said before.
         DictationScript{u"start escape deny start dismiss"_s,
                         u"R > 听 已取消 > = > ! - 需要麦克风权限才能录音。 > 听 -"_s},
+        // A denial that comes late ends what was begun; nothing is sent before the answer.
+        DictationScript{u"ask start no 34 dismiss"_s,
+                        u"= > R > = > ! - 需要麦克风权限才能录音。 > 听 -"_s},
+        DictationScript{u"ask start press 9000 never dismiss"_s,
+                        u"= > R > A > 转 识别较慢 > ! - 需要麦克风权限才能录音。 > 听 -"_s},
+        DictationScript{u"ask start press yes ok ok ok"_s, u"= > R > A > = > P > V > 听 -"_s, 1},
+        DictationScript{u"ask start press"_s, u"= > R > A"_s},
         DictationScript{u"block start dismiss"_s, u"= > ! - The file cannot be created. > 听 -"_s},
         DictationScript{u"refuse start 1799 1"_s, u"= > !听 录音失败 > = > 听 -"_s},
         // A stop that fails leaves the recording's state alone.
