@@ -1,21 +1,24 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "Desktop.h"
+#include "ForeignWindow.h"
 #include "HistoryStore.h"
 #include "Process.h"
+#include "ScreenReader.h"
 #include "ScriptedServices.h"
 #include "TemporaryHome.h"
 #include "TrayPanel.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDir>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
-
-#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -33,6 +36,15 @@ void speak(double seconds)
 void signalSoundServer(int signal)
 {
     ASSERT_EQ(::kill(qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_SOUND_PID"), signal), 0);
+}
+
+// Tells the session, as a screen saver does, that the screen is locked or free again.
+void signalScreenSaver(bool isActive)
+{
+    auto signal = QDBusMessage::createSignal(
+        u"/ScreenSaver"_s, u"org.freedesktop.ScreenSaver"_s, u"ActiveChanged"_s);
+    signal << isActive;
+    ASSERT_TRUE(QDBusConnection::sessionBus().send(signal));
 }
 
 } // namespace
@@ -62,6 +74,15 @@ protected:
         EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
     }
 
+    // The history is written on a thread of its own.
+    bool isKept() const
+    {
+        return waitUntil([this] {
+            const auto items = HistoryStore().items();
+            return !items.isEmpty() && items.constFirst().polished == polished;
+        });
+    }
+
     const QString polished = u"我们今天 ship 新版本 🚀\n下一步 review。"_s;
 
     Desktop desktop;
@@ -81,7 +102,7 @@ TEST_F(Dictation, ArrivesInTheEditorThatHasTheFocus)
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
     EXPECT_TRUE(desktop.isSaved(polished, file));
 
-    EXPECT_EQ(HistoryStore().items().constFirst().polished, polished);
+    EXPECT_TRUE(isKept());
     EXPECT_TRUE(desktop.keysDown().empty());
     EXPECT_TRUE(desktop.focusedClass().contains(u"mousepad"_s, Qt::CaseInsensitive));
     EXPECT_TRUE(waitUntil([this] { return services.requests().size() == 2; }));
@@ -102,6 +123,22 @@ TEST_F(Dictation, WorksWithoutSessionBusTrayAndCompositor)
     finish();
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Auto paste succeeded."_s));
     EXPECT_EQ(application->end(SIGTERM), 0);
+}
+
+TEST_F(Dictation, ALockedScreenEndsItAndItsTextIsOnTheClipboard)
+{
+    const ScreenReader reader;
+    launch(services, {u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s});
+    ForeignWindow editor("editor");
+    startRecording();
+    signalScreenSaver(true);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"failedStage=autoPaste"_s));
+    EXPECT_TRUE(isKept());
+    const auto onClipboard = runCommand(u"xclip -o -selection clipboard"_s).output;
+    EXPECT_EQ(QString::fromUtf8(onClipboard), polished);
+    signalScreenSaver(false);
+    reader.await(u"已复制到剪贴板"_s);
+    EXPECT_EQ(std::ranges::count(editor.presses, Key::v), 0);
 }
 
 TEST_F(Dictation, ALostSoundServerLeavesARecordingAndTheNextPressSaysSo)

@@ -4,6 +4,7 @@
 
 #include "AppLogger.h"
 #include "Desktop.h"
+#include "Process.h"
 #include "WaitUntil.h"
 
 #include <QFile>
@@ -22,6 +23,7 @@ WrenfoldApplication::WrenfoldApplication(const QStringList &environment,
                                          const QStringList &arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    bindToThisProcess(m_process);
     m_process.start(u"env"_s, environment + QStringList{executable()} + arguments);
     m_process.waitForStarted();
 }

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <spawn.h>
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -44,6 +45,11 @@ ProcessResult runCommand(const QString &command, std::chrono::milliseconds limit
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
             contentOf(folder.filePath(u"output"_s)),
             contentOf(folder.filePath(u"errors"_s))};
+}
+
+void bindToThisProcess(QProcess &program)
+{
+    program.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
 }
 
 BackgroundProcess::~BackgroundProcess()

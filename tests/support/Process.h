@@ -21,9 +21,14 @@ struct ProcessResult
 ProcessResult runCommand(const QString &command,
                          std::chrono::milliseconds limit = std::chrono::seconds(20));
 
+// Has the program, which is still to be started, end with this process however that ends: one that
+// lived on would keep the run's output open, and hold it up.
+void bindToThisProcess(QProcess &program);
+
 // A program that runs beside a test and is ended with this object.
 class BackgroundProcess final : public QProcess
 {
 public:
+    BackgroundProcess() { bindToThisProcess(*this); }
     ~BackgroundProcess() override;
 };
