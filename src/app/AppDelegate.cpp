@@ -68,7 +68,7 @@ void AppDelegate::applicationDidFinishLaunching(LaunchMode mode)
 {
     m_launchMode = mode;
     AppLogger::installCrashLogging();
-    Farewell::install();
+    Farewell::install([this] { m_historyStore.drain(); });
     AppLogger::info("Launch started. app="_L1 + AppRuntime::appName + " bundleID="_L1
                     + AppRuntime::bundleIdentifier + " config="_L1 + AppRuntime::configPathDisplay
                     + " log="_L1 + AppLogger::logPathDisplay());

@@ -10,17 +10,22 @@
 namespace {
 
 std::atomic<bool> hasBeenSaid = false;
+std::function<void()> atExit;
 
 void sayAtExit()
 {
+    if (hasBeenSaid)
+        return; // who says it saves everything too
     Farewell::say();
+    atExit();
     AppLogger::drain();
 }
 
 } // namespace
 
-void Farewell::install()
+void Farewell::install(std::function<void()> writeOut)
 {
+    atExit = std::move(writeOut);
     // An exit handler runs before the objects made earlier are destroyed: the logger is made here.
     AppLogger::drain();
     std::atexit(sayAtExit);

@@ -3,11 +3,14 @@
 #include "AppLogger.h"
 #include "Desktop.h"
 #include "HangingDisk.h"
+#include "HistoryStore.h"
 #include "Process.h"
 #include "ScriptedServices.h"
 #include "TemporaryHome.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
+
+#include <QFileInfo>
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -117,14 +120,27 @@ TEST(Lifecycle, ACrashLeavesNoLockAndItsRecordingIsSweptAtTheNextLaunch)
     EXPECT_TRUE(waitUntil([] { return recordings().isEmpty(); }));
 }
 
-TEST(Lifecycle, TheLineIsLoggedWhenTheXServerDies)
+TEST(Lifecycle, TheHistoryIsSavedAndTheLineLoggedWhenTheXServerDies)
 {
+    const ScriptedServices services;
+    services.configure();
     BackgroundProcess server;
     server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
     ASSERT_TRUE(waitUntil([&server] { return server.canReadLine(); }));
-    const auto display = QString::fromLatin1(server.readLine()).trimmed();
-    const auto application = WrenfoldApplication::launch({u"DISPLAY=:"_s + display});
-    server.kill();
-    EXPECT_TRUE(waitUntil([&application] { return !application->isRunning(); }));
+    const auto display = server.readLine().trimmed();
+    qputenv("DISPLAY", ':' + display);
+    const auto application = WrenfoldApplication::launch();
+    {
+        // It is still writing then, where this user may hold up others.
+        const HangingDisk disk(QFileInfo(HistoryStore::historyURL().toLocalFile()).path());
+        for (const auto &step : {u"Recording started."_s, u"Auto paste started."_s}) {
+            Desktop desktop;
+            ASSERT_TRUE(WrenfoldApplication::tapUntilLogged(desktop, Key::hotKey, step));
+        }
+        server.kill();
+        EXPECT_TRUE(WrenfoldApplication::waitForLog(farewell));
+    }
+    EXPECT_EQ(application->waitForExit(), 1);
     EXPECT_TRUE(WrenfoldApplication::log().last().contains(farewell));
+    EXPECT_EQ(HistoryStore().items().size(), 1);
 }
