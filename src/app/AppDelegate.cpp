@@ -48,7 +48,7 @@ AppDelegate::AppDelegate(Backends backends)
     : m_backends(std::move(backends))
     , m_singleInstanceGuard(AppRuntime::bundleIdentifier)
     , m_recorder(*m_backends.audio)
-    , m_overlay(m_mainQueue, m_backends.hasCompositor)
+    , m_overlay(m_mainQueue, {m_backends.hasCompositor, m_backends.workArea})
     , m_statusMenu(menuActions())
     , m_globalHotKeys(*m_backends.hotKeys, *m_backends.modifiers, m_mainQueue, hotKeyCallbacks())
     , m_session(

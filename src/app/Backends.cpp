@@ -16,6 +16,7 @@
 #include "X11ModifierMonitor.h"
 #include "X11SyntheticKeyboard.h"
 #include "X11TrayWatch.h"
+#include "X11WorkArea.h"
 
 Backends makeBackends()
 {
@@ -32,6 +33,7 @@ Backends makeBackends()
         .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
         .trayHosts = {},
         .hasCompositor = &hasCompositor,
+        .workArea = &workArea,
         .keyCharacters = &charactersTypedBy,
     };
     backends.trayHosts.push_back(std::make_unique<DBusTrayHostWatch>());

@@ -12,9 +12,13 @@
 #include "SyntheticKeyboard.h"
 #include "TrayHostWatch.h"
 
+#include <QRect>
+
 #include <functional>
 #include <memory>
 #include <vector>
+
+class QScreen;
 
 // The desktop as the application controller uses it, every part behind its interface.
 struct Backends
@@ -32,6 +36,8 @@ struct Backends
     std::vector<std::unique_ptr<TrayHostWatch>> trayHosts;
     // Whether windows can be translucent now.
     std::function<bool()> hasCompositor;
+    // What panels leave free of a screen.
+    std::function<QRect(const QScreen &)> workArea;
     // What a key, by its virtual key code, types without modifiers; empty when it types nothing.
     std::function<QString(quint32 keyCode)> keyCharacters;
 };

@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,7 @@ protected:
             .colorScheme = std::make_unique<NoColorScheme>(),
             .trayHosts = {},
             .hasCompositor = [] { return true; },
+            .workArea = &QScreen::availableGeometry,
             .keyCharacters = {},
         };
         delegate.reset();

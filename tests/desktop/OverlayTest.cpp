@@ -5,6 +5,7 @@
 #include "VoiceOverlayController.h"
 #include "WaitUntil.h"
 #include "X11Compositor.h"
+#include "X11WorkArea.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -51,7 +52,7 @@ protected:
     }
 
     EventLoopMainQueue m_queue;
-    VoiceOverlayController m_overlay{m_queue, hasCompositor};
+    VoiceOverlayController m_overlay{m_queue, {hasCompositor, workArea}};
     QPlainTextEdit m_editor;
     BackgroundProcess m_compositor;
 };
@@ -83,17 +84,29 @@ TEST_P(OverlayTest, leavesFocusAndClicksToWhatLiesBelow)
     EXPECT_TRUE(waitUntil([&] { return pixelOnScreen(onThePill) == 0xffc04020; }));
 }
 
-TEST_P(OverlayTest, followsThePointerToItsMonitor)
+TEST_P(OverlayTest, followsThePointerToItsMonitorClearOfThePanelsThere)
 {
     runCommand(u"xrandr --setmonitor L 640/170x800/211+0+0 screen"_s);
     runCommand(u"xrandr --setmonitor R 640/170x800/211+640+0 none"_s);
     ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
-    for (const int x : {100, 900}) {
-        runCommand(u"xdotool mousemove %1 300"_s.arg(x));
+    // Where the pointer is, what a panel reserves, and where the overlay is expected.
+    const std::tuple<int, QString, QPoint> rows[] = {
+        {100, u"0"_s, {200, 706}},
+        {900, u"0"_s, {840, 706}},
+        {900, u"0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 640, 1279"_s, {840, 666}},
+        {100, u"0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 640, 1279"_s, {200, 706}},
+        {100, u"64, 0, 0, 0, 0, 799, 0, 0, 0, 0, 0, 0"_s, {232, 706}},
+        {100, u"704, 0, 0, 0, 0, 799, 0, 0, 0, 0, 0, 0"_s, {200, 706}},
+        {900, u"704, 0, 0, 0, 0, 799, 0, 0, 0, 0, 0, 0"_s, {872, 706}},
+        {900, u"0, 32, 20, 0, 0, 0, 0, 799, 0, 1279, 0, 0"_s, {824, 706}}};
+    for (const auto &[x, reserved, expected] : rows) {
+        const auto name = u"_NET_WM_STRUT_PARTIAL"_s;
+        runCommand(u"xprop -id %1 -f %2 32c -set %2 '%3'; xdotool mousemove %4 300"_s.arg(
+            QString::number(m_editor.winId()), name, reserved, QString::number(x)));
         m_overlay.show(VoiceOverlayMode::status(u"已取消"_s));
-        const QPoint expected(x < 640 ? 200 : 840, 800 - 18 - 76);
-        EXPECT_EQ(panel()->pos(), expected);
-        EXPECT_TRUE(waitUntil([&] { return qRed(pixelOnScreen(expected + QPoint(72, 41))) < 40; }));
+        EXPECT_EQ(panel()->pos(), expected) << qPrintable(reserved);
+        EXPECT_TRUE(waitUntil(
+            [&, at = expected + QPoint(72, 41)] { return qRed(pixelOnScreen(at)) < 40; }));
     }
 }
 
@@ -106,7 +119,7 @@ TEST(OverlayAccessibility, itsNameIsWhatItShows)
                "-m org.a11y.Bus.GetAddress"_s);
     ASSERT_TRUE(waitUntil([] { return QAccessible::isActive(); }));
     EventLoopMainQueue queue;
-    VoiceOverlayController overlay(queue, hasCompositor);
+    VoiceOverlayController overlay(queue, {hasCompositor, workArea});
     overlay.show(VoiceOverlayMode::typing(u"正在识别"_s));
     static QStringList announced;
     const auto previous = QAccessible::installUpdateHandler([](QAccessibleEvent *event) {

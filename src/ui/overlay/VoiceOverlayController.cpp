@@ -15,10 +15,9 @@ constexpr int distanceFromEdge = 18;
 
 } // namespace
 
-VoiceOverlayController::VoiceOverlayController(MainQueue &queue,
-                                               std::function<bool()> hasCompositor)
+VoiceOverlayController::VoiceOverlayController(MainQueue &queue, Surroundings surroundings)
     : m_queue(queue)
-    , m_hasCompositor(std::move(hasCompositor))
+    , m_surroundings(std::move(surroundings))
 {}
 
 VoiceOverlayController::~VoiceOverlayController() = default;
@@ -83,14 +82,14 @@ void VoiceOverlayController::positionPanel()
         screen = QGuiApplication::primaryScreen();
     if (!screen)
         return;
-    const auto available = screen->availableGeometry();
+    const auto available = m_surroundings.workArea(*screen);
     m_panel->move(available.x() + (available.width() - m_panel->width()) / 2,
                   available.y() + available.height() - distanceFromEdge - m_panel->height());
 }
 
 void VoiceOverlayController::updateMask()
 {
-    if (m_hasCompositor())
+    if (m_surroundings.hasCompositor())
         m_panel->clearMask();
     else
         m_panel->setMask(m_panel->shapeRegion());

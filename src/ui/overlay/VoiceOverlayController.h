@@ -5,10 +5,13 @@
 #include "MainQueue.h"
 #include "VoiceOverlayMode.h"
 
+#include <QRect>
+
 #include <functional>
 #include <memory>
 #include <optional>
 
+class QScreen;
 class VoiceOverlayView;
 
 // Shows and hides the floating overlay at the bottom of the screen with the pointer. It never takes
@@ -16,8 +19,14 @@ class VoiceOverlayView;
 class VoiceOverlayController final
 {
 public:
-    // hasCompositor tells whether windows can be translucent; it is asked at each show.
-    VoiceOverlayController(MainQueue &queue, std::function<bool()> hasCompositor);
+    // What is asked of the desktop at each show.
+    struct Surroundings
+    {
+        std::function<bool()> hasCompositor; // whether windows can be translucent
+        std::function<QRect(const QScreen &)> workArea; // what panels leave free of the screen
+    };
+
+    VoiceOverlayController(MainQueue &queue, Surroundings surroundings);
     ~VoiceOverlayController();
     VoiceOverlayController(const VoiceOverlayController &) = delete;
     VoiceOverlayController &operator=(const VoiceOverlayController &) = delete;
@@ -40,6 +49,6 @@ private:
     void updateMask();
 
     MainQueue &m_queue;
-    std::function<bool()> m_hasCompositor;
+    const Surroundings m_surroundings;
     std::unique_ptr<VoiceOverlayView> m_panel; // built by prepare() or the first show
 };

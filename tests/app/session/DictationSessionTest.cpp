@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QScreen>
 #include <QWidget>
 
 #include <future>
@@ -171,7 +172,7 @@ protected:
     FakeDictationHost host;
     FakeAudioSystem audio;
     AudioRecorder recorder{audio};
-    VoiceOverlayController overlay{queue, [] { return true; }};
+    VoiceOverlayController overlay{queue, {[] { return true; }, &QScreen::availableGeometry}};
     HistoryStore history;
     BackgroundTasks tasks;
 

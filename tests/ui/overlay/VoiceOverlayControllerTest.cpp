@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QPaintEvent>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -62,7 +63,7 @@ protected:
     const VoiceOverlayMode m_recording = VoiceOverlayMode::recording(u"麦克风"_s);
     const VoiceOverlayMode m_typing = VoiceOverlayMode::typing(u"正在识别"_s);
     VirtualMainQueue m_queue;
-    VoiceOverlayController m_overlay{m_queue, [] { return true; }};
+    VoiceOverlayController m_overlay{m_queue, {[] { return true; }, &QScreen::availableGeometry}};
     VoiceOverlayView *m_view = nullptr;
 };
 
