@@ -116,6 +116,8 @@ void AppDelegate::applicationWillTerminate()
     m_session.terminate();
     m_tasks.waitForDone();
     m_backends.clipboard->handOver();
+    if (m_mainWindowController)
+        m_mainWindowController->keepSize();
     // From here on nobody logs any more.
     Farewell::say();
     m_historyStore.drain();

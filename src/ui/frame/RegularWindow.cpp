@@ -19,6 +19,11 @@ RegularWindow::RegularWindow(const QString &title)
     setAccessibleRole(*this, QAccessible::Window, title);
 }
 
+QSize RegularWindow::ownSize() const
+{
+    return isMaximized() ? normalGeometry().size() : size();
+}
+
 void RegularWindow::center()
 {
     const auto available = screen()->availableGeometry();

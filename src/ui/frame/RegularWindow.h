@@ -10,6 +10,8 @@ class RegularWindow : public QWidget
 public:
     explicit RegularWindow(const QString &title);
 
+    // Without its frame, and as it will be again when it is no longer maximised.
+    [[nodiscard]] QSize ownSize() const;
     // Moves the window into the middle of its screen.
     void center();
     // Shows the window in front of the others and gives it the keyboard focus, also when it is

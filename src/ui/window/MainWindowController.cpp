@@ -9,6 +9,7 @@
 #include "MainWindow.h"
 
 #include <QPixmapCache>
+#include <QScreen>
 
 #include <malloc.h>
 
@@ -55,6 +56,13 @@ void MainWindowController::refreshIfVisible(const AppConfig &config)
         m_historyPage->reloadHistory();
 }
 
+void MainWindowController::keepSize()
+{
+    if (isVisible())
+        m_size.keep(m_window->ownSize());
+    m_size.drain();
+}
+
 bool MainWindowController::isVisible() const
 {
     return m_window && m_window->isVisible();
@@ -95,8 +103,8 @@ void MainWindowController::buildWindow()
     };
     m_window =
         std::make_unique<MainWindow>(std::move(items), m_deletions, [this] { windowClosed(); });
-    if (m_size)
-        m_window->resize(*m_size);
+    if (const auto size = m_size.size())
+        m_window->resize(size->boundedTo(m_window->screen()->availableSize()));
 }
 
 // Costs little when nothing has changed: a dictation waits for it before its text is pasted.
@@ -109,6 +117,7 @@ void MainWindowController::load(const AppConfig &config)
 void MainWindowController::windowClosed()
 {
     m_deletions.clear();
+    m_size.keep(m_window->ownSize());
     m_queue.postAfter(releaseDelay, [this, closing = ++m_closings] {
         if (closing == m_closings && !isVisible())
             release();
@@ -117,7 +126,6 @@ void MainWindowController::windowClosed()
 
 void MainWindowController::release()
 {
-    m_size = m_window->size();
     m_window.reset();
     m_tutorialWindowController.release();
     QPixmapCache::clear();

@@ -9,11 +9,9 @@
 #include "MainQueue.h"
 #include "MainWindowCallbacks.h"
 #include "MainWindowPage.h"
-
-#include <QSize>
+#include "WindowSizeStore.h"
 
 #include <memory>
-#include <optional>
 
 class DictionaryPage;
 class GettingStartedPage;
@@ -41,6 +39,8 @@ public:
     [[nodiscard]] bool isVisible() const;
     // Whether this window or the tutorial can be seen.
     [[nodiscard]] bool hasVisibleWindow() const;
+    // Keeps how large the window is when the application quits.
+    void keepSize();
     // Whom the window tells what the user does.
     [[nodiscard]] const MainWindowCallbacks &callbacks() const { return m_callbacks; }
 
@@ -57,7 +57,7 @@ private:
     DeletionUndo m_deletions;
     APIKeyTutorialWindowController m_tutorialWindowController;
     std::unique_ptr<MainWindow> m_window;
-    std::optional<QSize> m_size; // of the last window
+    WindowSizeStore m_size;
     int m_closings = 0;
     // The window's.
     GettingStartedPage *m_gettingStartedPage = nullptr;

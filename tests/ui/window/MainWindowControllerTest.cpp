@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -53,6 +54,11 @@ protected:
                          .arg(u"这一段很长，要占四行以上，才看得出它在哪里断开。"_s.repeated(12))
                          .toUtf8());
         m_store.emplace();
+        launch();
+    }
+
+    void launch()
+    {
         m_controller.emplace(
             m_queue, *m_store, [](quint32) { return QString(); }, callbacks());
     }
@@ -274,7 +280,7 @@ TEST_F(MainWindowControllerTest, aClosedWindowIsReleasedAndComesBackAsLarge)
 {
     show(MainWindowPage::Clipboard);
     const QPointer<QWidget> first = &window();
-    first->resize(1000, 700);
+    first->resize(860, 700);
     for (const auto key : {Qt::Key_W, Qt::Key_Escape}) {
         QTest::keyClick(first, key, key == Qt::Key_W ? Qt::ControlModifier : Qt::NoModifier);
         EXPECT_FALSE(m_controller->isVisible());
@@ -293,5 +299,28 @@ TEST_F(MainWindowControllerTest, aClosedWindowIsReleasedAndComesBackAsLarge)
     m_queue.advance(30s);
     EXPECT_TRUE(first.isNull());
     show(MainWindowPage::Clipboard);
-    EXPECT_EQ(window().size(), QSize(1000, 700));
+    EXPECT_EQ(window().size(), QSize(860, 700));
+}
+
+TEST_F(MainWindowControllerTest, itsSizeIsKeptAcrossLaunchesAndFitsTheScreen)
+{
+    show(MainWindowPage::Contact);
+    window().resize(870, 640);
+    m_controller->keepSize();
+    const auto kept = m_home.read(u".wrenfold/window.json"_s);
+    const QSize initial(920, 680);
+    const QSize whole = window().screen()->availableSize().expandedTo({860, 620});
+    const std::pair<QByteArray, QSize> rows[] = {{kept, whole.boundedTo({870, 640})},
+                                                 {R"({"height": 65000, "width": 65000})", whole},
+                                                 {R"({"height": 1, "width": 1})", {860, 620}},
+                                                 {R"({"height": -640, "width": 870})", initial},
+                                                 {R"({"height": 640})", initial},
+                                                 {"{", initial},
+                                                 {"", initial}};
+    for (const auto &[content, expected] : rows) {
+        m_home.write(u".wrenfold/window.json"_s, content);
+        launch();
+        show(MainWindowPage::Contact);
+        EXPECT_EQ(window().size(), expected) << content.constData();
+    }
 }
