@@ -4,7 +4,6 @@
 
 #include "AppRuntime.h"
 #include "HttpSession.h"
-#include "HttpURL.h"
 #include "HushwireError.h"
 #include "JsonText.h"
 
@@ -49,14 +48,14 @@ DeepSeekPolisher::DeepSeekPolisher(DeepSeekConfig config, QString prompt, HttpSe
     , m_session(session)
 {}
 
-std::optional<QUrl> DeepSeekPolisher::endpoint(const DeepSeekConfig &config)
+std::optional<HttpAddress> DeepSeekPolisher::endpoint(const DeepSeekConfig &config)
 {
     QStringView base = config.baseURL;
     while (base.startsWith(u'/'))
         base = base.sliced(1);
     while (base.endsWith(u'/'))
         base.chop(1);
-    return parseHttpURL(base.toString() + "/chat/completions"_L1);
+    return parseHttpAddress(base.toString() + "/chat/completions"_L1);
 }
 
 QString DeepSeekPolisher::polish(const QString &transcript) const
@@ -65,12 +64,12 @@ QString DeepSeekPolisher::polish(const QString &transcript) const
     if (apiKey.isEmpty())
         throw HushwireError::configMissing(u"请先在 "_s + AppRuntime::configPathDisplay
                                            + u" 填入 DeepSeek apiKey。"_s);
-    const auto url = endpoint(m_config);
-    if (!url)
+    const auto address = endpoint(m_config);
+    if (!address)
         throw HushwireError::configMissing(u"DeepSeek baseURL 不正确。"_s);
 
     HttpRequest request;
-    request.url = *url;
+    request.address = *address;
     request.headers = {{"Content-Type", "application/json"},
                        {"Authorization", "Bearer " + apiKey.toUtf8()}};
     request.openBody = [content = body(transcript)] {

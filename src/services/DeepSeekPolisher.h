@@ -3,9 +3,9 @@
 #pragma once
 
 #include "DeepSeekConfig.h"
+#include "HttpAddress.h"
 
 #include <QString>
-#include <QUrl>
 
 #include <optional>
 
@@ -24,8 +24,8 @@ public:
     // transport, JsonError for an answer that cannot be decoded.
     [[nodiscard]] QString polish(const QString &transcript) const;
 
-    // Where the requests go; nothing when the configured base is no URL.
-    [[nodiscard]] static std::optional<QUrl> endpoint(const DeepSeekConfig &config);
+    // Where the requests go; nothing when the configured base is no address.
+    [[nodiscard]] static std::optional<HttpAddress> endpoint(const DeepSeekConfig &config);
 
 private:
     [[nodiscard]] QByteArray body(const QString &transcript) const;

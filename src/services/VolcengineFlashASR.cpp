@@ -5,7 +5,6 @@
 #include "AppRuntime.h"
 #include "Base64FileBody.h"
 #include "HttpSession.h"
-#include "HttpURL.h"
 #include "HushwireError.h"
 #include "JsonText.h"
 #include "Text.h"
@@ -65,21 +64,21 @@ VolcengineFlashASR::VolcengineFlashASR(VolcengineConfig config,
     , m_session(session)
 {}
 
-std::optional<QUrl> VolcengineFlashASR::endpoint(const VolcengineConfig &config)
+std::optional<HttpAddress> VolcengineFlashASR::endpoint(const VolcengineConfig &config)
 {
-    return parseHttpURL(config.endpoint);
+    return parseHttpAddress(config.endpoint);
 }
 
 QString VolcengineFlashASR::transcribe(const QUrl &audioURL) const
 {
-    const auto url = endpoint(m_config);
-    if (!url)
+    const auto address = endpoint(m_config);
+    if (!address)
         throw HushwireError::configMissing(u"火山引擎识别接口地址不正确。"_s);
     const auto keys = credentials();
     const auto &uid = keys.apiKey.isEmpty() ? keys.appKey : keys.apiKey;
 
     HttpRequest request;
-    request.url = *url;
+    request.address = *address;
     request.headers = headers(keys);
     const auto prefix = R"({"user":{"uid":)" + JsonText::string(uid) + R"(},"audio":{"data":")"_qba;
     const auto suffix = R"("},"request":)" + requestOptions() + '}';

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HttpAddress.h"
 #include "PersonalDictionaryConfig.h"
 #include "VolcengineConfig.h"
 
@@ -31,8 +32,8 @@ public:
     // that cannot be decoded.
     [[nodiscard]] QString transcribe(const QUrl &audioURL) const;
 
-    // Where the requests go; nothing when the configured endpoint is no URL.
-    [[nodiscard]] static std::optional<QUrl> endpoint(const VolcengineConfig &config);
+    // Where the requests go; nothing when the configured endpoint is no address.
+    [[nodiscard]] static std::optional<HttpAddress> endpoint(const VolcengineConfig &config);
 
 private:
     struct Credentials;

@@ -90,7 +90,7 @@ TEST_F(DeepSeekPolisherTest, ChecksTheSettingsBeforeAnyNetworkUse)
     };
     for (const auto &[base, expected] : rows) {
         m_config.baseURL = base;
-        EXPECT_EQ(DeepSeekPolisher::endpoint(m_config)->toString(), expected);
+        EXPECT_EQ(DeepSeekPolisher::endpoint(m_config)->url.toString(), expected);
     }
     const auto call = [this] { return polished(); };
     for (const auto &base : u"|///|api.x|https://api.x | https://api.x|https://|http://api.x:99999|"

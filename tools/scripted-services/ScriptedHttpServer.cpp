@@ -49,18 +49,30 @@ ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer,
     : ScriptedHttpServer([answer](const RecordedRequest &) { return answer; }, tls)
 {}
 
+ScriptedHttpServer::ScriptedHttpServer(const ScriptedAnswer &answer, int listeningSocket)
+    : m_thread([this, answer, listeningSocket] {
+        run([answer](const RecordedRequest &) { return answer; }, {}, listeningSocket);
+    })
+{
+    m_isListening.get_future().wait();
+}
+
 ScriptedHttpServer::~ScriptedHttpServer()
 {
     QCoreApplication::postEvent(m_loop, std::make_unique<QEvent>(QEvent::Quit).release());
     m_thread.join();
 }
 
-void ScriptedHttpServer::run(const Script &script, const std::optional<QSslConfiguration> &tls)
+void ScriptedHttpServer::run(const Script &script,
+                             const std::optional<QSslConfiguration> &tls,
+                             std::optional<int> listeningSocket)
 {
     QEventLoop loop;
     ScriptedListener listener(script, tls);
-    if (!listener.listen(QHostAddress::LocalHost))
-        qFatal("cannot listen on loopback");
+    const bool isListening = listeningSocket ? listener.setSocketDescriptor(*listeningSocket)
+                                             : listener.listen(QHostAddress::LocalHost);
+    if (!isListening)
+        qFatal("cannot listen");
     m_loop = &loop;
     m_listener = &listener;
     m_isListening.set_value();

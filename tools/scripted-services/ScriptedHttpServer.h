@@ -75,6 +75,8 @@ public:
     explicit ScriptedHttpServer(Script script, const std::optional<QSslConfiguration> &tls = {});
     explicit ScriptedHttpServer(const ScriptedAnswer &answer,
                                 const std::optional<QSslConfiguration> &tls = {});
+    // Takes a socket over that listens already, such as a unix socket.
+    ScriptedHttpServer(const ScriptedAnswer &answer, int listeningSocket);
     ~ScriptedHttpServer();
     ScriptedHttpServer(const ScriptedHttpServer &) = delete;
     ScriptedHttpServer &operator=(const ScriptedHttpServer &) = delete;
@@ -93,7 +95,9 @@ public:
     void vanish() const;
 
 private:
-    void run(const Script &script, const std::optional<QSslConfiguration> &tls);
+    void run(const Script &script,
+             const std::optional<QSslConfiguration> &tls,
+             std::optional<int> listeningSocket = {});
 
     // Both live on the server's thread.
     ScriptedListener *m_listener = nullptr;

@@ -17,14 +17,14 @@ ConnectionPool::ConnectionPool(ConnectionMakers &makers)
     : m_makers(makers)
 {}
 
-void ConnectionPool::openAhead(const QUrl &origin)
+void ConnectionPool::openAhead(const HttpAddress &origin)
 {
     const auto idle = idleConnection(origin);
     if (!youngOpening(origin) && (!idle || idle->idleTime() > freshTime))
         open(origin, {});
 }
 
-void ConnectionPool::take(const QUrl &origin, const Taken &taken)
+void ConnectionPool::take(const HttpAddress &origin, const Taken &taken)
 {
     if (const auto idle = idleConnection(origin)) {
         std::erase(m_idle, idle);
@@ -55,7 +55,7 @@ void ConnectionPool::close()
     m_idle.clear();
 }
 
-void ConnectionPool::open(const QUrl &origin, const Taken &waiter)
+void ConnectionPool::open(const HttpAddress &origin, const Taken &waiter)
 {
     const auto place = m_openings.insert(m_openings.end(), {origin, waiter, {}, Clock::now()});
     const auto done = [this, place](OpenedConnection opened, const std::exception_ptr &error) {
@@ -86,7 +86,7 @@ void ConnectionPool::finish(const Opening &opening,
         keep(connection);
 }
 
-ConnectionPool::Opening *ConnectionPool::youngOpening(const QUrl &origin)
+ConnectionPool::Opening *ConnectionPool::youngOpening(const HttpAddress &origin)
 {
     const auto found = std::ranges::find_if(m_openings, [&origin](const auto &each) {
         return each.origin == origin && !each.waiter && Clock::now() - each.startedAt < freshTime;
@@ -94,7 +94,7 @@ ConnectionPool::Opening *ConnectionPool::youngOpening(const QUrl &origin)
     return found == m_openings.end() ? nullptr : &*found;
 }
 
-std::shared_ptr<HttpConnection> ConnectionPool::idleConnection(const QUrl &origin)
+std::shared_ptr<HttpConnection> ConnectionPool::idleConnection(const HttpAddress &origin)
 {
     std::erase_if(m_idle, [](const auto &each) {
         const bool isUseless = !each->isUsable();

@@ -19,9 +19,9 @@ public:
 
     // Opens a connection, unless one was opened or used within the last seconds; a longer idle one
     // is closed as soon as the new one is there.
-    void openAhead(const QUrl &origin);
+    void openAhead(const HttpAddress &origin);
     // Hands out a connection that is idle, else one that is or will be opened.
-    void take(const QUrl &origin, const Taken &taken);
+    void take(const HttpAddress &origin, const Taken &taken);
     // Keeps a connection that was released, or was just opened, for the next request.
     void keep(const std::shared_ptr<HttpConnection> &connection);
     // Ends everything without a call.
@@ -32,16 +32,16 @@ private:
 
     struct Opening
     {
-        QUrl origin;
+        HttpAddress origin;
         Taken waiter; // empty when nobody waits
         std::shared_ptr<ConnectionOpener> opener;
         Clock::time_point startedAt;
     };
 
-    void open(const QUrl &origin, const Taken &waiter);
+    void open(const HttpAddress &origin, const Taken &waiter);
     void finish(const Opening &opening, OpenedConnection opened, const std::exception_ptr &error);
-    [[nodiscard]] Opening *youngOpening(const QUrl &origin);
-    [[nodiscard]] std::shared_ptr<HttpConnection> idleConnection(const QUrl &origin);
+    [[nodiscard]] Opening *youngOpening(const HttpAddress &origin);
+    [[nodiscard]] std::shared_ptr<HttpConnection> idleConnection(const HttpAddress &origin);
 
     ConnectionMakers &m_makers;
     std::list<Opening> m_openings;

@@ -27,7 +27,7 @@ std::chrono::milliseconds sinceBoot()
 } // namespace
 
 HttpConnection::HttpConnection(boost::asio::io_context &context,
-                               QUrl origin,
+                               HttpAddress origin,
                                OpenedConnection opened)
     : m_origin(std::move(origin))
     , m_opened(std::move(opened))

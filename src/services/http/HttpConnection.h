@@ -17,12 +17,12 @@ public:
     // Bytes that were received, or the error with which listening ended.
     using Receiver = std::function<void(ErrorCode, std::string_view)>;
 
-    HttpConnection(boost::asio::io_context &context, QUrl origin, OpenedConnection opened);
+    HttpConnection(boost::asio::io_context &context, HttpAddress origin, OpenedConnection opened);
 
     // Begins to listen, and to be idle. Once, first of all.
     void start();
 
-    [[nodiscard]] const QUrl &origin() const { return m_origin; }
+    [[nodiscard]] const HttpAddress &origin() const { return m_origin; }
     [[nodiscard]] const QNetworkProxy &proxy() const { return m_opened.proxy; }
     // How long it has been idle, the time for which the computer slept included.
     [[nodiscard]] std::chrono::milliseconds idleTime() const;
@@ -41,7 +41,7 @@ private:
     void listen();
     void receive(ErrorCode error, std::size_t size);
 
-    const QUrl m_origin;
+    const HttpAddress m_origin;
     OpenedConnection m_opened;
     Receiver m_receiver; // empty while idle
     boost::asio::steady_timer m_expiry; // so that no server is kept connected for long

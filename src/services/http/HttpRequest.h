@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HttpAddress.h"
 #include "HttpBody.h"
 
 #include <QByteArray>
 #include <QList>
-#include <QUrl>
 
 #include <chrono>
 #include <functional>
@@ -16,7 +16,8 @@
 // One POST request.
 struct HttpRequest
 {
-    QUrl url; // a user and a password in it are sent, unless `headers` has an Authorization
+    // A user and a password in its URL are sent, unless `headers` has an Authorization.
+    HttpAddress address;
     // Name and value, on the wire in this order.
     QList<std::pair<QByteArray, QByteArray>> headers;
     // Opens the body. Called once, before any network use, on the sender's thread; what it throws,

@@ -53,7 +53,7 @@ void checkHeaders(const HttpRequest &request)
 
 QByteArray requestHead(const HttpRequest &request, qint64 bodySize, const QNetworkProxy &proxy)
 {
-    const auto &url = request.url;
+    const auto &url = request.address.url;
     const bool toProxy = isForwarded(proxy, url);
     auto head =
         "POST " + target(url, toProxy) + " HTTP/1.1\r\nHost: " + authority(url) + "\r\n"_qba;

@@ -5,7 +5,6 @@
 #include "HttpError.h"
 #include "HttpRequestHead.h"
 #include "HttpTransfer.h"
-#include "HttpURL.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/post.hpp>
@@ -52,7 +51,7 @@ public:
         transfer->start();
     }
 
-    void openAhead(const QUrl &url) { m_pool.openAhead(originOf(url)); }
+    void openAhead(const HttpAddress &address) { m_pool.openAhead(originOf(address)); }
 
 private:
     void endAll()
@@ -97,10 +96,10 @@ HttpResponse HttpSession::send(const HttpRequest &request)
     return answer.get();
 }
 
-void HttpSession::openAhead(const QUrl &url)
+void HttpSession::openAhead(const HttpAddress &address)
 {
-    if (isHttpURL(url))
-        static_cast<void>(m_engine->post([this, url] { m_engine->openAhead(url); }));
+    if (isHttp(address))
+        static_cast<void>(m_engine->post([this, address] { m_engine->openAhead(address); }));
 }
 
 void HttpSession::close()

@@ -25,9 +25,9 @@ public:
     // HttpError, and what opening or reading the body throws.
     [[nodiscard]] HttpResponse send(const HttpRequest &request);
     // Opens a connection for a request that will follow, unless one was opened or used within the
-    // last seconds; returns at once. A failure shows when the request is made, a URL that is not
-    // HTTP is ignored.
-    void openAhead(const QUrl &url);
+    // last seconds; returns at once. A failure shows when the request is made, an address that is
+    // not HTTP is ignored.
+    void openAhead(const HttpAddress &address);
     // Refuses new requests, fails those in flight as cancelled and ends the thread.
     void close();
 

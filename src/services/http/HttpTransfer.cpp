@@ -4,7 +4,6 @@
 
 #include "HttpError.h"
 #include "HttpRequestHead.h"
-#include "HttpURL.h"
 #include "TcpPeer.h"
 
 #include <algorithm>
@@ -48,7 +47,7 @@ HttpTransfer::HttpTransfer(boost::asio::io_context &context,
 void HttpTransfer::start()
 {
     watch();
-    m_pool.take(originOf(m_request.url),
+    m_pool.take(originOf(m_request.address),
                 [self = shared_from_this()](const auto &connection, const auto &error) {
                     self->begin(connection, error);
                 });
@@ -108,6 +107,7 @@ void HttpTransfer::partSent(ErrorCode error)
     if (m_hasEnded)
         return;
     m_part.clear();
+    m_lastProgress = Clock::now(); // what a unix socket took, its peer has had to make room for
     // A server that has enough of a request says why before it closes: that is still to be read.
     if (!error) {
         sendMore();

@@ -7,8 +7,14 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <future>
 #include <gtest/gtest.h>
+
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -19,9 +25,9 @@ using Flaw = TestCertificates::Flaw;
 using Manner = ScriptedAnswer::Manner;
 using Tls = std::optional<QSslConfiguration>;
 
-HttpRequest requestTo(const QUrl &url, const QByteArray &body = "{}")
+HttpRequest requestTo(const HttpAddress &address, const QByteArray &body = "{}")
 {
-    return {url, {{"Content-Type", "application/json"}}, [body] {
+    return {address, {{"Content-Type", "application/json"}}, [body] {
                 return std::make_unique<BytesBody>(body);
             }};
 }
@@ -71,7 +77,7 @@ TEST(HttpSession, ReportsServersThatCannotBeReached)
     // It waits for more of what is no HTTP to it.
     const ScriptedHttpServer withoutTls(ScriptedAnswer{});
     auto request = requestTo(withoutTls.url());
-    request.url.setScheme(u"https"_s);
+    request.address.url.setScheme(u"https"_s);
     request.inactivityLimit = 300ms;
     EXPECT_EQ(sent(session, request), "timedOut");
 }
@@ -313,6 +319,81 @@ TEST(HttpSession, OpensConnectionsAheadThatTheRequestThenUses)
     session.openAhead(QUrl(u"ftp://x/"_s));
 }
 
+class HttpSessionSocket : public HttpSessionProxy
+{
+protected:
+    // A unix socket on which a program of this user listens.
+    [[nodiscard]] int listeningSocket(uid_t user) const
+    {
+        const auto listen = [path = m_path.toStdString(), user] {
+            sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+            std::ranges::copy(path, address.sun_path);
+            const int listening = ::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
+            const void *place = &address;
+            EXPECT_EQ(::bind(listening, static_cast<const sockaddr *>(place), sizeof address), 0);
+            // The thread's alone, unlike what the library would do.
+            EXPECT_EQ(::syscall(SYS_setresuid, -1, user, -1), 0);
+            EXPECT_EQ(::listen(listening, 8), 0);
+            return listening;
+        };
+        return std::async(std::launch::async, listen).get();
+    }
+
+    [[nodiscard]] HttpAddress address() const
+    {
+        const auto socket = QString::fromLatin1(QUrl::toPercentEncoding(m_path));
+        return parseHttpAddress("http+unix://"_L1 + socket + "/v1/a?b=%20c"_L1).value();
+    }
+
+    QTemporaryDir m_directory;
+    const QString m_path = m_directory.filePath(u"a socket"_s);
+};
+
+TEST_F(HttpSessionSocket, IsAskedInPlaceOfAHostAndWithoutAProxy)
+{
+    const ScriptedHttpServer proxy(ScriptedAnswer{.body = "proxied"});
+    useProxy(proxy);
+    EXPECT_EQ(sent(m_session, requestTo(address())), "network");
+    const ScriptedHttpServer server(ScriptedAnswer{.body = "local"}, listeningSocket(::geteuid()));
+    m_session.openAhead(address());
+    ASSERT_TRUE(waitUntil([&server] { return server.connections() == 1; }));
+    for (const int size : {2, 1'000'000})
+        EXPECT_EQ(sent(m_session, requestTo(address(), QByteArray(size, 'x'))), "= 200 local");
+    EXPECT_EQ(server.connections(), 1);
+    const auto request = server.requests().at(1);
+    EXPECT_EQ(request.body.size(), 1'000'000);
+    EXPECT_EQ(request.target(), "/v1/a?b=%20c");
+    EXPECT_EQ(request.header("Host"), "localhost");
+}
+
+TEST_F(HttpSessionSocket, IsToldNothingWhenAnotherUserListens)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "Only root can be another user.";
+    const ScriptedHttpServer server(ScriptedAnswer{}, listeningSocket(65534));
+    EXPECT_EQ(sent(m_session, requestTo(address())), "network");
+    EXPECT_EQ(server.requests().size(), 0);
+}
+
+TEST(HttpAddress, IsAnAbsoluteUrlOrASocketWithAnAbsolutePath)
+{
+    const auto tooLong = u"http+unix://%2F"_s + QString(120, u'a');
+    for (const auto &text : {u""_s,
+                             u"host/path"_s,
+                             u"ftp://host"_s,
+                             u"http://"_s,
+                             u"http+unix://"_s,
+                             u"http+unix:///run/socket"_s,
+                             u"http+unix://run%2Fsocket/"_s,
+                             u"http+unix://%2Frun%2F%zz/"_s,
+                             u"http+unix://%2Frun%00/"_s,
+                             u"https+unix://%2Frun%2Fsocket/"_s,
+                             tooLong})
+        EXPECT_EQ(parseHttpAddress(text), std::nullopt) << text.toStdString();
+    const auto address = parseHttpAddress(u"http+unix://%2Frun%2F%e8%af%ad-1_~.sock"_s);
+    EXPECT_EQ(address.value().socketPath, u"/run/语-1_~.sock"_s);
+}
+
 TEST(HttpSession, ServesManyThreadsAtOnce)
 {
     const ScriptedHttpServer server(
@@ -343,7 +424,7 @@ TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)
             return sent(session, requestTo(server.url()));
         }));
     auto opening = requestTo(server.url());
-    opening.url.setScheme(u"https"_s);
+    opening.address.url.setScheme(u"https"_s);
     senders.push_back(std::async(std::launch::async, [&] { return sent(session, opening); }));
     ASSERT_TRUE(waitUntil(
         [&server] { return server.requests().size() == 3 && server.connections() == 4; }));

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <boost/asio/generic/stream_protocol.hpp>
 #include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <deque>
 #include <functional>
@@ -15,8 +15,8 @@
 class ConnectRace final : public std::enable_shared_from_this<ConnectRace>
 {
 public:
-    using Socket = boost::asio::ip::tcp::socket;
-    using Addresses = std::vector<boost::asio::ip::tcp::endpoint>;
+    using Socket = boost::asio::generic::stream_protocol::socket;
+    using Addresses = std::vector<boost::asio::generic::stream_protocol::endpoint>;
     // The socket is connected unless there is an error, the last attempt's.
     using Done = std::function<void(boost::system::error_code, Socket)>;
 

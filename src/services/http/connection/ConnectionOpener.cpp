@@ -3,6 +3,7 @@
 #include "ConnectionOpener.h"
 
 #include "HttpError.h"
+#include "LocalPeer.h"
 
 #include <system_error>
 
@@ -20,9 +21,9 @@ HttpError::Kind kindOf(const boost::system::error_code &error)
 
 } // namespace
 
-ConnectionOpener::ConnectionOpener(ConnectionMakers &makers, QUrl url, Done done)
+ConnectionOpener::ConnectionOpener(ConnectionMakers &makers, HttpAddress origin, Done done)
     : m_makers(makers)
-    , m_url(std::move(url))
+    , m_origin(std::move(origin))
     , m_done(std::move(done))
     , m_deadline(makers.context)
     , m_proxy(QNetworkProxy::NoProxy)
@@ -42,7 +43,7 @@ void ConnectionOpener::start()
             self->connectTo(route);
     };
     try {
-        m_makers.lookup.find(m_url, found);
+        m_makers.lookup.find(m_origin, found);
     } catch (const std::system_error &) {
         fail(std::current_exception());
     }
@@ -87,21 +88,30 @@ void ConnectionOpener::connectTo(const Route &route)
 {
     startDeadline();
     m_proxy = route.proxy;
-    const auto speak = then(&ConnectionOpener::speakToProxy);
-    const auto connected = [self = shared_from_this(), speak](ErrorCode error, auto socket) {
+    const auto check = then(&ConnectionOpener::checkPeer);
+    const auto connected = [self = shared_from_this(), check](ErrorCode error, auto socket) {
         if (!error)
             self->m_stream = std::make_unique<NetworkStream>(std::move(socket));
-        speak(error, 0);
+        check(error, 0);
     };
     m_race = std::make_shared<ConnectRace>(m_makers.context, route.addresses, connected);
     m_race->start();
+}
+
+void ConnectionOpener::checkPeer(std::size_t /*ignored*/)
+{
+    const auto &path = m_origin.socketPath;
+    if (!path.isEmpty() && !LocalPeer::isThisUser(m_stream->descriptor()))
+        throw HttpError(HttpError::Kind::Network,
+                        u"Nothing is sent to \"%1\": another user listens there."_s.arg(path));
+    speakToProxy(0);
 }
 
 void ConnectionOpener::speakToProxy(std::size_t received)
 {
     startDeadline();
     if (!m_handshake)
-        m_handshake = makeProxyHandshake(m_proxy, m_url);
+        m_handshake = makeProxyHandshake(m_proxy, m_origin.url);
     if (!m_handshake) {
         encrypt();
         return;
@@ -124,13 +134,13 @@ void ConnectionOpener::listenToProxy(std::size_t /*sent*/)
 
 void ConnectionOpener::encrypt()
 {
-    if (m_url.scheme() != "https"_L1) {
+    if (m_origin.url.scheme() != "https"_L1) {
         finish(0);
         return;
     }
     const auto finishOrFail = then(&ConnectionOpener::finish);
     m_stream->encrypt(m_makers.tls.get(),
-                      m_url.host(QUrl::FullyEncoded).toStdString(),
+                      m_origin.url.host(QUrl::FullyEncoded).toStdString(),
                       [finishOrFail](ErrorCode error) { finishOrFail(error, 0); });
 }
 
@@ -156,8 +166,10 @@ void ConnectionOpener::fail(ErrorCode error)
         ? QString()
         : u" through the proxy \"%1:%2\""_s.arg(m_proxy.hostName(),
                                                 QString::number(m_proxy.port()));
-    fail(
-        std::make_exception_ptr(HttpError(kindOf(error),
-                                          u"No connection to \"%1\"%2: %3."_s.arg(
-                                              m_url.host(), way, QString::fromStdString(reason)))));
+    const auto &socket = m_origin.socketPath;
+    fail(std::make_exception_ptr(HttpError(
+        kindOf(error),
+        u"No connection to \"%1\"%2: %3."_s.arg(socket.isEmpty() ? m_origin.url.host() : socket,
+                                                way,
+                                                QString::fromStdString(reason)))));
 }

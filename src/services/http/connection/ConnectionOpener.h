@@ -34,8 +34,8 @@ public:
     // The stream is null when there is an error, an HttpError.
     using Done = std::function<void(OpenedConnection, const std::exception_ptr &error)>;
 
-    // `url` names its port; the makers must outlive this object.
-    ConnectionOpener(ConnectionMakers &makers, QUrl url, Done done);
+    // `origin` names its port; the makers must outlive this object.
+    ConnectionOpener(ConnectionMakers &makers, HttpAddress origin, Done done);
 
     void start();
     // Ends without a call.
@@ -49,6 +49,7 @@ private:
     [[nodiscard]] NetworkStream::Done then(void (ConnectionOpener::*step)(std::size_t));
     void startDeadline();
     void connectTo(const Route &route);
+    void checkPeer(std::size_t ignored);
     void speakToProxy(std::size_t received);
     void listenToProxy(std::size_t sent);
     void encrypt();
@@ -57,7 +58,7 @@ private:
     void fail(ErrorCode error);
 
     ConnectionMakers &m_makers;
-    const QUrl m_url;
+    const HttpAddress m_origin;
     Done m_done; // empty once it has ended
     boost::asio::steady_timer m_deadline;
     std::shared_ptr<ConnectRace> m_race;

@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/generic/stream_protocol.hpp>
 #include <boost/asio/ssl/context.hpp>
 #include <boost/asio/ssl/stream.hpp>
 #include <functional>
 #include <optional>
 #include <string>
 
-// A TCP connection, encrypted or not. Its operations end through their callbacks, on the thread of
-// its executor; the stream must live until then.
+// A connection over TCP, encrypted or not, or to a unix socket. Its operations end through their
+// callbacks, on the thread of its executor; the stream must live until then.
 class NetworkStream final
 {
 public:
-    using Socket = boost::asio::ip::tcp::socket;
+    using Socket = boost::asio::generic::stream_protocol::socket;
     using ErrorCode = boost::system::error_code;
     using Done = std::function<void(ErrorCode, std::size_t)>;
 

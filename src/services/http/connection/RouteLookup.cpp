@@ -5,8 +5,10 @@
 #include "HttpError.h"
 #include "SystemProxy.h"
 
+#include <QFile>
+
+#include <boost/asio/local/stream_protocol.hpp>
 #include <boost/asio/post.hpp>
-#include <cstring>
 #include <mutex>
 #include <netdb.h>
 #include <thread>
@@ -23,7 +25,7 @@ struct RouteLookup::Home
 
 namespace {
 
-using Addresses = std::vector<asio::ip::tcp::endpoint>;
+using Addresses = std::vector<asio::generic::stream_protocol::endpoint>;
 
 Addresses addressesOf(const QString &host, int port)
 {
@@ -42,17 +44,17 @@ Addresses addressesOf(const QString &host, int port)
                             host, QString::fromLocal8Bit(::gai_strerror(error))));
     const std::unique_ptr<addrinfo, void (*)(addrinfo *)> owned(list, &::freeaddrinfo);
     Addresses addresses;
-    for (const auto *each = list; each; each = each->ai_next) {
-        asio::ip::tcp::endpoint address;
-        address.resize(each->ai_addrlen);
-        std::memcpy(address.data(), each->ai_addr, each->ai_addrlen);
-        addresses.push_back(address);
-    }
+    for (const auto *each = list; each; each = each->ai_next)
+        addresses.emplace_back(each->ai_addr, each->ai_addrlen, each->ai_protocol);
     return addresses;
 }
 
-Route routeTo(const QUrl &url)
+Route routeTo(const HttpAddress &origin)
 {
+    if (!origin.socketPath.isEmpty())
+        return {.addresses = {asio::local::stream_protocol::endpoint(
+                    QFile::encodeName(origin.socketPath).toStdString())}};
+    const auto &url = origin.url;
     Route route{.proxy = systemProxyFor(url), .addresses = {}};
     const bool isDirect = route.proxy.type() == QNetworkProxy::NoProxy;
     route.addresses = isDirect ? addressesOf(url.host(), url.port())
@@ -74,13 +76,13 @@ RouteLookup::~RouteLookup()
     m_home->context = nullptr;
 }
 
-void RouteLookup::find(const QUrl &url, const Found &found)
+void RouteLookup::find(const HttpAddress &origin, const Found &found)
 {
-    std::thread([home = m_home, url, found] {
+    std::thread([home = m_home, origin, found] {
         Route route;
         std::exception_ptr error;
         try {
-            route = routeTo(url);
+            route = routeTo(origin);
         } catch (...) {
             error = std::current_exception();
         }

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QNetworkProxy>
-#include <QUrl>
+#include "HttpAddress.h"
 
+#include <QNetworkProxy>
+
+#include <boost/asio/generic/stream_protocol.hpp>
 #include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -16,7 +17,7 @@
 struct Route
 {
     QNetworkProxy proxy{QNetworkProxy::NoProxy};
-    std::vector<boost::asio::ip::tcp::endpoint> addresses;
+    std::vector<boost::asio::generic::stream_protocol::endpoint> addresses;
 };
 
 // Finds the way to servers. Each search has a thread of its own, which nobody waits for: the
@@ -32,10 +33,10 @@ public:
     RouteLookup(const RouteLookup &) = delete;
     RouteLookup &operator=(const RouteLookup &) = delete;
 
-    // `url` names its port. Calls back on the context's thread, with a route or an HttpError; the
-    // callback may be destroyed on another thread. Throws std::system_error when no thread can be
-    // started.
-    void find(const QUrl &url, const Found &found);
+    // `origin` names its port. Calls back on the context's thread, with a route or an HttpError;
+    // the callback may be destroyed on another thread. Throws std::system_error when no thread can
+    // be started.
+    void find(const HttpAddress &origin, const Found &found);
 
 private:
     struct Home;

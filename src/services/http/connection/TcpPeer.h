@@ -20,7 +20,7 @@ void watch(int socket);
 // Breaks the connection when the peer has acknowledged nothing of what it was sent or asked for so
 // long.
 void setSilenceLimit(int socket, std::chrono::milliseconds limit);
-// Zeros when the socket is no longer connected.
+// Zeros when the socket is no longer connected, or not by TCP.
 [[nodiscard]] State state(int socket);
 
 } // namespace TcpPeer
