@@ -3,16 +3,20 @@
 
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { readFileSync } from 'node:fs';
+import { mkdirSync, readFileSync } from 'node:fs';
+import { request } from 'node:http';
+import { dirname } from 'node:path';
 import { fileURLToPath } from 'node:url';
 
+import { socketFile } from '../../tools/local-services/src/settings/folders.mjs';
+import { recognitionPath } from '../../tools/local-services/src/settings/service-address.mjs';
 import { writeSettings } from '../../tools/local-services/src/settings/settings.mjs';
 
 const program = fileURLToPath(
     new URL('../../tools/local-services/wrenfold-local.mjs', import.meta.url),
 );
 
-const settings = { port: 47614, key: 'key-of-the-benchmark' };
+const settings = { socket: socketFile(), key: 'key-of-the-benchmark' };
 
 /**
  * The companion as the service manager starts it, with the first connection. Its settings go to the
@@ -24,15 +28,9 @@ export class Companion {
     static async waitingForItsFirstConnection() {
         const companion = new Companion();
         writeSettings(settings);
+        mkdirSync(dirname(settings.socket), { recursive: true });
         const variables = ['HOME', 'PATH', 'XDG_DATA_HOME'].flatMap((name) => ['-E', name]);
-        const command = [
-            '-l',
-            `127.0.0.1:${settings.port}`,
-            ...variables,
-            process.execPath,
-            program,
-            'serve',
-        ];
+        const command = ['-l', settings.socket, ...variables, process.execPath, program, 'serve'];
         companion.#child = spawn('systemd-socket-activate', command, {
             stdio: ['ignore', 'ignore', 'pipe'],
         });
@@ -43,13 +41,15 @@ export class Companion {
 
     /** @returns {Promise<{text: string, milliseconds: number}>} the words in a WAV file */
     async recognise(file) {
-        const { port, key } = settings;
         const body = JSON.stringify({ audio: { data: readFileSync(file, 'base64') }, request: {} });
-        const headers = { 'Content-Type': 'application/json', 'X-Api-Key': key };
+        const headers = { 'Content-Type': 'application/json', 'X-Api-Key': settings.key };
+        const to = { socketPath: settings.socket, path: recognitionPath, method: 'POST' };
         const start = performance.now();
-        const url = `http://127.0.0.1:${port}/api/v3/auc/bigmodel/recognize/flash`;
-        const response = await fetch(url, { method: 'POST', headers, body });
-        const { result } = await response.json();
+        const sent = request({ ...to, agent: false, headers });
+        sent.end(body);
+        const [response] = await once(sent, 'response');
+        sent.on('error', () => {}); // it has been answered
+        const { result } = JSON.parse(Buffer.concat(await response.toArray()));
         return { text: result?.text ?? '', milliseconds: performance.now() - start };
     }
 

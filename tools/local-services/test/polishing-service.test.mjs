@@ -12,13 +12,13 @@ const messages = (content) => [
 ];
 
 test('A chat completion polishes what follows the label', async (context) => {
-    const { port, lines } = await startServices(context, '/nonexistent');
+    const { socket, lines } = await startServices(context, '/nonexistent');
     const request = {
         model: 'any',
         messages: messages('语音识别原文：\num the the secret'),
         stream: false,
     };
-    const { status, body } = await ask(port, polishing, request);
+    const { status, body } = await ask(socket, polishing, request);
     assert.equal(status, 200);
     assert.deepEqual(body.choices[0].message, { role: 'assistant', content: 'The secret.' });
     assert.equal(body.model, 'any');
@@ -33,10 +33,10 @@ test('A chat completion polishes what follows the label', async (context) => {
         [{ messages: messages('long '.repeat(300_000)) }, 413],
     ];
     for (const [wrong, expected] of rows) {
-        const answer = await ask(port, polishing, wrong);
+        const answer = await ask(socket, polishing, wrong);
         assert.equal(answer.status, expected);
         assert.ok(answer.body.error.message);
     }
     assert.doesNotMatch(lines.join('\n'), /secret|long long/);
-    assert.equal((await ask(port, polishing, request)).status, 200);
+    assert.equal((await ask(socket, polishing, request)).status, 200);
 });

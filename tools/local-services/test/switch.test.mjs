@@ -36,7 +36,10 @@ test('Enabling changes four values and nothing else, disabling puts them back', 
         assert.equal(run(home, 'enable', '--language', language).status, 0);
         const { deepSeek, volcengine } = JSON.parse(home.read());
         const origin = deepSeek.baseURL;
-        assert.match(origin, /^http:\/\/127\.0\.0\.1:\d+$/);
+        assert.equal(
+            origin,
+            `http+unix://${encodeURIComponent(home.path('wrenfold-local', 'socket'))}`,
+        );
         const query = language === 'zh' ? '?language=zh' : '';
         assert.equal(volcengine.endpoint, `${origin}/api/v3/auc/bigmodel/recognize/flash${query}`);
         assert.match(deepSeek.apiKey, /^local-[\w-]{32}$/);
@@ -46,12 +49,28 @@ test('Enabling changes four values and nothing else, disabling puts them back', 
         const settings = home.path('.config', 'wrenfold', 'local-services.json');
         assert.doesNotMatch(readFileSync(settings, 'utf8'), /own-|example/);
         for (const file of [settings, home.file]) assert.equal(statSync(file).mode & 0o777, 0o600);
-        const others = home.read().replaceAll(/"(local-|http:)[^"]*"/g, '"?"');
+        const others = home.read().replaceAll(/"(local-|http\+)[^"]*"/g, '"?"');
         assert.equal(others, configuration.replaceAll(/"(own-|https:)(\\.|[^"])*"/g, '"?"'));
     }
     assert.equal(run(home, 'disable').status, 0);
     assert.equal(home.read(), configuration);
     assert.match(run(home, 'status').stdout, /Used by Wrenfold: no/);
+});
+
+test('Enabling again moves earlier services from their port to a socket', (context) => {
+    const home = homeWith(context, configuration);
+    run(home, 'enable');
+    const enabled = home.read();
+    const settings = home.path('.config', 'wrenfold', 'local-services.json');
+    const { key } = JSON.parse(readFileSync(settings));
+    write(settings, JSON.stringify({ port: 47613, key, language: 'auto' }));
+    write(home.file, enabled.replaceAll(/http\+unix:[^"/]*\/\/[^"/]*/g, 'http://127.0.0.1:47613'));
+    assert.match(run(home, 'status').stdout, /Wrenfold: yes\nRunning: whoever has their port/);
+    assert.match(run(home, 'serve').stderr, /enable the local services first/);
+    assert.equal(run(home, 'enable').status, 0);
+    assert.equal(home.read(), enabled);
+    assert.equal(run(home, 'disable').status, 0);
+    assert.equal(home.read(), configuration);
 });
 
 test('What was changed by hand meanwhile stays', (context) => {

@@ -34,7 +34,7 @@ bool isHttp(const HttpAddress &address)
 std::optional<HttpAddress> parseHttpAddress(const QString &text)
 {
     static const QRegularExpression form(
-        uR"(\Ahttp\+unix://((?:[\w.~-]|%[0-9A-Fa-f]{2})+)((?:/.*)?)\z)"_s);
+        uR"(\Ahttp\+unix://((?:[\w.~!$&'()*+,;=-]|%[0-9A-Fa-f]{2})+)((?:/.*)?)\z)"_s);
     HttpAddress address;
     if (const auto match = form.match(text); match.hasMatch()) {
         address.socketPath = QUrl::fromPercentEncoding(match.captured(1).toUtf8());

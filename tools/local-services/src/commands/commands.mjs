@@ -12,13 +12,12 @@ import {
     modelsFolder,
     replacedFile,
     settingsFile,
+    socketFile,
 } from '../settings/folders.mjs';
-import { origin } from '../settings/service-address.mjs';
 import { idleTime } from '../settings/service-limits.mjs';
 import { makeKey, readSettings, writeSettings } from '../settings/settings.mjs';
 import { allOrNothing } from '../setup/all-or-nothing.mjs';
 import { installEngine, installModels, installProgram } from '../setup/install.mjs';
-import { choosePort } from '../setup/port-holder.mjs';
 import { switchOff, switchOn, valuesToKeep } from '../setup/switch.mjs';
 import { checkNode, hasServiceManager, startListening, stopListening } from '../setup/systemd.mjs';
 import { recognitionFor } from './descriptions.mjs';
@@ -39,11 +38,11 @@ function switchAndListen(settings, earlier, isManaged) {
     try {
         allOrNothing([settingsFile(), replacedFile(), applicationFile()], () => {
             writeSettings(settings);
-            if (isManaged) startListening(settings.port);
+            if (isManaged) startListening(settings.socket);
             switchOn(settings, earlier);
         });
     } catch (error) {
-        if (isManaged && earlier) startListening(earlier.port);
+        if (isManaged && earlier?.socket) startListening(earlier.socket);
         else stopListening();
         throw error;
     }
@@ -61,10 +60,11 @@ export async function enable(args) {
     valuesToKeep(earlier);
     const isManaged = hasServiceManager();
     if (isManaged) checkNode();
-    const settings = { key: makeKey(), ...earlier, language, port: await choosePort(earlier) };
+    const { key = makeKey() } = earlier ?? {};
+    const settings = { key, language, socket: socketFile() };
     await install();
     switchAndListen(settings, earlier, isManaged);
-    say(`${applicationFile()} now leads to the local services, ${origin(settings.port)}.`);
+    say(`${applicationFile()} now leads to the local services, ${settings.socket}.`);
     say(`Recognition: ${recognitionFor(language)}.`);
     say(
         isManaged
@@ -98,6 +98,6 @@ export function models() {
 export async function serveHere(args) {
     const { idle } = parsed(args, { idle: { type: 'string', default: String(idleTime) } });
     const settings = readSettings();
-    if (!settings) throw new Error('enable the local services first: scripts/local enable');
+    if (!settings?.socket) throw new Error('enable the local services first: scripts/local enable');
     await serve(settings, Number(idle));
 }

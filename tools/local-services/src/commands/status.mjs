@@ -4,9 +4,8 @@
 import { existsSync } from 'node:fs';
 
 import { engineFolder } from '../settings/folders.mjs';
-import { origin } from '../settings/service-address.mjs';
 import { readSettings } from '../settings/settings.mjs';
-import { portHolder } from '../setup/port-holder.mjs';
+import { runningCompanion } from '../setup/running-companion.mjs';
 import { isSwitchedOn } from '../setup/switch.mjs';
 import { hasServiceManager, isWaiting } from '../setup/systemd.mjs';
 import { recognitionFor } from './descriptions.mjs';
@@ -15,16 +14,15 @@ const say = (text) => process.stdout.write(`${text}\n`);
 
 const yesNo = (is) => (is ? 'yes' : 'no');
 
-/** What runs on the port, as a sentence. */
-async function whatRuns(settings) {
+/** What runs on a socket, as a sentence. */
+async function whatRuns(socket) {
+    if (!socket) return 'whoever has their port; scripts/local enable gives them a socket of yours';
     if (isWaiting()) return 'nothing; the first dictation starts them';
-    const { isFree, companion } = await portHolder(settings);
+    const companion = await runningCompanion(socket);
     if (companion) {
         const since = new Date(companion.since).toLocaleString('sv');
         return `the local services, process ${companion.process}, since ${since}`;
     }
-    if (!isFree)
-        return 'a stranger, who would hear what you say; scripts/local enable takes another port';
     return hasServiceManager()
         ? 'nothing, and nothing would start them: scripts/local enable'
         : 'nothing; start them with: scripts/local serve';
@@ -36,5 +34,5 @@ export async function status() {
     say(`Engine installed: ${yesNo(existsSync(engineFolder()))}`);
     say(`Recognition: ${recognitionFor(settings?.language ?? 'auto')}`);
     say(`Used by Wrenfold: ${yesNo(settings && isSwitchedOn(settings))}`);
-    if (settings) say(`Running on ${origin(settings.port)}: ${await whatRuns(settings)}`);
+    if (settings) say(`Running: ${await whatRuns(settings.socket)}`);
 }

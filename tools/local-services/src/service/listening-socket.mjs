@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 import { once } from 'node:events';
-
-import { host } from '../settings/service-address.mjs';
+import { mkdirSync, rmSync } from 'node:fs';
+import { connect } from 'node:net';
+import { dirname } from 'node:path';
 
 // The first descriptor that a service manager hands over.
 const firstInherited = 3;
@@ -12,21 +13,35 @@ const firstInherited = 3;
 export const isSocketInherited = (environment = process.env) =>
     Number(environment.LISTEN_PID) === process.pid && Number(environment.LISTEN_FDS) === 1;
 
+/** Makes room for a socket where a process that was killed has left its own. */
+async function removeAbandoned(path) {
+    const connection = connect(path);
+    try {
+        await once(connection, 'connect');
+    } catch (error) {
+        if (error.code === 'ECONNREFUSED') rmSync(path);
+    } finally {
+        connection.destroy();
+    }
+}
+
 /**
- * Listens on the inherited socket, else on a port, and on 127.0.0.1 only.
+ * Listens on the inherited socket, else on one at a path that only this user can connect to.
  *
  * @param {import('node:http').Server} server
- * @param {number} port 0 for any
- * @returns {Promise<number>} the port
- * @throws {Error} when the port is taken, or the inherited socket hears other machines
+ * @param {string} path
+ * @throws {Error} when somebody listens there, or the inherited socket is on a port
  */
-export async function listen(server, port) {
-    server.listen(isSocketInherited() ? { fd: firstInherited } : { host, port });
-    await once(server, 'listening');
-    const { address, port: bound } = server.address();
-    if (address !== host) {
-        server.close();
-        throw new Error(`the socket listens on ${address}, not on ${host}`);
+export async function listen(server, path) {
+    if (!isSocketInherited()) {
+        process.umask(0o077);
+        mkdirSync(dirname(path), { recursive: true });
+        await removeAbandoned(path);
     }
-    return bound;
+    server.listen(isSocketInherited() ? { fd: firstInherited } : { path });
+    await once(server, 'listening');
+    const { port } = server.address() ?? {};
+    if (port === undefined) return;
+    server.close();
+    throw new Error('others could reach or replace a service on a port: scripts/local enable');
 }

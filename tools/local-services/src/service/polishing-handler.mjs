@@ -5,11 +5,11 @@ import { randomUUID } from 'node:crypto';
 
 import { paragraphing } from '../polishing/paragraphs.mjs';
 import { polish } from '../polishing/polish.mjs';
-import { isSameText } from '../settings/key-proof.mjs';
 import { polishingPath } from '../settings/service-address.mjs';
 import { textLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
 import { BodyTooLarge, readBody } from './request-body.mjs';
+import { isSameText } from './same-text.mjs';
 
 const label = '语音识别原文：\n';
 

@@ -7,12 +7,12 @@ import { chooseModel, listModels } from '../recognition/models.mjs';
 import { NotUnderstood } from '../recognition/recogniser.mjs';
 import { EngineError } from '../recognition/worker.mjs';
 import { engineFolder } from '../settings/folders.mjs';
-import { isSameText } from '../settings/key-proof.mjs';
 import { recognitionPath } from '../settings/service-address.mjs';
 import { mostRecordings, recordingLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
 import { parseRecognition, RecognitionFailure, statusCodes } from './recognition-request.mjs';
 import { BodyTooLarge, readBody } from './request-body.mjs';
+import { isSameText } from './same-text.mjs';
 
 /** The wire protocol of the recognition service, answered by a Recogniser. */
 export class RecognitionHandler {

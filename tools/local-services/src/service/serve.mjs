@@ -3,7 +3,6 @@
 
 import { Recogniser } from '../recognition/recogniser.mjs';
 import { engineFolder, modelsFolder } from '../settings/folders.mjs';
-import { origin } from '../settings/service-address.mjs';
 import { IdleTimer } from './idle-timer.mjs';
 import { isSocketInherited, listen } from './listening-socket.mjs';
 import { PolishingHandler } from './polishing-handler.mjs';
@@ -17,16 +16,16 @@ const log = (line) => process.stderr.write(`wrenfold-local: ${line}\n`);
  * Serves until a signal comes; when a service manager started it for a connection, until nobody who
  * knows the key has asked for a while.
  *
- * @param {{port: number, key: string}} settings
+ * @param {{socket: string, key: string}} settings
  * @param {number} idle milliseconds without requests after which it ends
  * @returns {Promise<void>} when it serves
  */
-export async function serve({ port, key }, idle) {
+export async function serve({ socket, key }, idle) {
     const recogniser = new Recogniser(engineFolder());
     const handlers = [
         new RecognitionHandler(recogniser, modelsFolder(), log),
         new PolishingHandler(log),
-        new StatusHandler(key),
+        new StatusHandler(),
     ];
     const end = () => {
         recogniser.stop();
@@ -34,6 +33,7 @@ export async function serve({ port, key }, idle) {
     };
     const timer = isSocketInherited() ? new IdleTimer(idle, end) : undefined;
     const server = serviceServer(handlers, key, timer && ((work) => timer.during(work)));
-    log(`Listening on ${origin(await listen(server, port))}.`);
+    await listen(server, socket);
+    log(`Listening on ${socket}.`);
     for (const signal of ['SIGINT', 'SIGTERM', 'SIGHUP']) process.once(signal, end);
 }

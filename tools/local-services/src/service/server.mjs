@@ -4,7 +4,6 @@
 import { createServer } from 'node:http';
 
 import { bodyPatience, headersPatience, refusedBodyPatience } from '../settings/service-limits.mjs';
-import { UnkeyedConnections } from './connections.mjs';
 import { refusal } from './refusals.mjs';
 import { readBody } from './request-body.mjs';
 
@@ -30,7 +29,6 @@ export function serviceServer(handlers, key, during = (work) => work()) {
     });
     // Nothing is said on a connection that was only opened ahead, before it is dropped.
     server.on('clientError', (_error, socket) => socket.destroy());
-    const unkeyed = new UnkeyedConnections(server);
 
     async function dispatch(request, response) {
         const url = new URL(`http://local${request.url.startsWith('/') ? request.url : '/'}`);
@@ -39,7 +37,6 @@ export function serviceServer(handlers, key, during = (work) => work()) {
             ? refusal(request, (headers) => handler.isKeyed(headers, key))
             : { status: 404, reason: 'There is no such service.' };
         if (reason) return refuse(request, response, handler, reason);
-        unkeyed.remove(request.socket);
         return await during(() => handler.handle(request, response, url.searchParams));
     }
     return server;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 // Where the companion keeps its files, by the rules of the XDG base directories.
 
+import { existsSync } from 'node:fs';
 import { homedir } from 'node:os';
 import { isAbsolute, join } from 'node:path';
 
@@ -27,7 +28,14 @@ export const programFolder = () => join(servicesFolder(), 'program');
 /** One folder a recognition model, each with a manifest.json. */
 export const modelsFolder = () => join(dataFolder(), 'models');
 
-/** The companion's port and key. */
+/** The socket that the companion is enabled on: in the folder of the session, if there is one. */
+export function socketFile() {
+    const sessions = [process.env.XDG_RUNTIME_DIR ?? '', `/run/user/${process.geteuid()}`];
+    const session = sessions.find((folder) => isAbsolute(folder) && existsSync(folder));
+    return join(session ?? dataFolder(), 'wrenfold-local', 'socket');
+}
+
+/** The companion's socket and key. */
 export const settingsFile = () => join(configuration(), 'wrenfold', 'local-services.json');
 
 /** What `enable` replaced in the application's configuration: not for the companion to read. */

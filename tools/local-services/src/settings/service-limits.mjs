@@ -18,9 +18,6 @@ export const headersPatience = 10 * second;
 export const bodyPatience = minute;
 export const refusedBodyPatience = 10 * second;
 
-/** Connections that have not shown the key. */
-export const mostUnkeyed = 16;
-
 /** Recordings in memory at once, the one in work included. */
 export const mostRecordings = 4;
 

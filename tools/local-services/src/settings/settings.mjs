@@ -24,14 +24,16 @@ function parsed(text) {
 /**
  * The companion's own settings.
  *
- * @returns {{port: number, key: string, language: string}|undefined} `language` is the one last
- *     enabled; nothing before the first `enable`, or when the file is damaged
+ * @returns {{socket?: string, port?: number, key: string, language: string}|undefined} `language`
+ *     is the one last enabled, a port that of an earlier companion; nothing before the first
+ *     `enable`, or when the file is damaged
  */
 export function readSettings() {
     if (!existsSync(settingsFile())) return undefined;
     const settings = parsed(readFileSync(settingsFile(), 'utf8'));
-    const { port, key } = settings ?? {};
-    if (!Number.isInteger(port) || typeof key !== 'string' || !key) return undefined;
+    const { socket, port, key } = settings ?? {};
+    const hasPlace = typeof socket === 'string' || Number.isInteger(port);
+    if (!hasPlace || typeof key !== 'string' || !key) return undefined;
     return { language: 'auto', ...settings };
 }
 

@@ -5,28 +5,28 @@ import { existsSync, readFileSync, rmSync } from 'node:fs';
 
 import { applicationFile, replacedFile } from '../settings/folders.mjs';
 import { writeOwnFile } from '../settings/own-file.mjs';
-import { origin, recognitionPath } from '../settings/service-address.mjs';
+import { isCompanionAddress, origin, recognitionPath } from '../settings/service-address.mjs';
 import { isCompanionKey } from '../settings/settings.mjs';
 import { servicePaths, serviceValues, writeServiceValues } from './application-configuration.mjs';
 import { isApplicationRunning } from './application-lock.mjs';
 
 const keyPaths = servicePaths.filter((path) => path.endsWith('.apiKey'));
 
-function companionValues({ port, key, language }) {
+function companionValues({ key, language, ...place }) {
     const query = language === 'auto' ? '' : `?language=${language}`;
     return {
-        'volcengine.endpoint': `${origin(port)}${recognitionPath}${query}`,
+        'volcengine.endpoint': `${origin(place)}${recognitionPath}${query}`,
         'volcengine.apiKey': key,
-        'deepSeek.baseURL': origin(port),
+        'deepSeek.baseURL': origin(place),
         'deepSeek.apiKey': key,
     };
 }
 
-const originOf = (address) => String(address).match(/^https?:\/\/[^/?]*/)?.[0];
+const originOf = (address) => String(address).match(/^http(s|\+unix)?:\/\/[^/?]*/)?.[0];
 
 /**
  * The paths of the values that lead to a companion, this or an earlier one: keys of its form, and
- * addresses on its port or on that of an address beside such a key.
+ * addresses of its socket, or port, or of that of an address beside such a key.
  */
 function companionPaths(values, settings) {
     const keys = keyPaths.filter((path) => isCompanionKey(values[path]));
@@ -34,8 +34,8 @@ function companionPaths(values, settings) {
     const origins = addresses
         .filter((path) => keys.some((key) => key.split('.')[0] === path.split('.')[0]))
         .map((path) => originOf(values[path]));
-    if (settings) origins.push(origin(settings.port));
-    const own = origins.filter((each) => each?.startsWith(origin('')));
+    if (settings) origins.push(origin(settings));
+    const own = origins.filter((each) => each && isCompanionAddress(each));
     return [...keys, ...addresses.filter((path) => own.includes(originOf(values[path])))];
 }
 
@@ -60,7 +60,7 @@ function refuseWhileRunning() {
 /**
  * What switching on replaces, with what was replaced before.
  *
- * @param {{port: number}} [earlier] the settings until now
+ * @param {object} [earlier] the settings until now
  * @throws {Error} when the application runs, its configuration cannot be changed, or a value that
  *     is kept would be lost
  */
@@ -83,8 +83,8 @@ export function valuesToKeep(earlier) {
 /**
  * Lets the application use the companion, and keeps what that replaces.
  *
- * @param {{port: number, key: string, language: string}} settings
- * @param {{port: number}} [earlier] the settings until now
+ * @param {{socket: string, key: string, language: string}} settings
+ * @param {object} [earlier] the settings until now
  * @throws {Error} as `valuesToKeep`, and when a file cannot be written
  */
 export function switchOn(settings, earlier) {
@@ -97,7 +97,7 @@ export function switchOn(settings, earlier) {
 /**
  * Puts back what `switchOn` replaced, but for values that were changed by hand since.
  *
- * @param {{port: number}} [settings]
+ * @param {object} [settings]
  * @returns {string[]} the values that lead elsewhere already and stay
  * @throws {Error} as `switchOn`, and when it is not known what to put back; nothing is changed then
  */

@@ -15,11 +15,8 @@ export const hasServiceManager = () => systemctl('show-environment').status === 
 
 const isActive = (unit) => systemctl('is-active', unit).status === 0;
 
-/** Whether the service manager listens for the companion. */
-export const isPortKept = () => isActive(socketUnit);
-
-/** Whether it listens and has not started the companion yet. */
-export const isWaiting = () => isPortKept() && !isActive(serviceUnit);
+/** Whether the service manager listens for the companion and has not started it yet. */
+export const isWaiting = () => isActive(socketUnit) && !isActive(serviceUnit);
 
 /**
  * Makes sure that the service manager can start the companion.
@@ -34,14 +31,14 @@ export function checkNode() {
 }
 
 /**
- * Writes the units of a socket on the port and of the service that the first connection starts, and
+ * Writes the units of a socket and of the service that the first connection starts, and
  * has the service manager listen.
  *
  * @throws {Error} when the service manager refuses
  */
-export function startListening(port) {
+export function startListening(socket) {
     mkdirSync(unitsFolder(), { recursive: true });
-    for (const [name, text] of Object.entries(units(port)))
+    for (const [name, text] of Object.entries(units(socket)))
         writeFileSync(join(unitsFolder(), name), text);
     systemctl('daemon-reload');
     systemctl('stop', serviceUnit, socketUnit);

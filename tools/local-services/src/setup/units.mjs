@@ -12,7 +12,6 @@ import {
     replacedFile,
     settingsFile,
 } from '../settings/folders.mjs';
-import { host } from '../settings/service-address.mjs';
 
 export const socketUnit = 'wrenfold-local.socket';
 export const serviceUnit = 'wrenfold-local.service';
@@ -26,11 +25,14 @@ const quotedArgument = (text) => quoted(text).replaceAll('$', '$$$$');
 
 const description = 'Speech recognition and polishing for Wrenfold, on this machine';
 
-const socketText = (port) => `[Unit]
+const socketText = (path) => `[Unit]
 Description=${description}
 
 [Socket]
-ListenStream=${host}:${port}
+ListenStream=${path.replaceAll('%', '%%')}
+SocketMode=0600
+DirectoryMode=0700
+RemoveOnStop=yes
 
 [Install]
 WantedBy=sockets.target
@@ -66,10 +68,10 @@ PrivateUsers=yes
 ProtectProc=invisible
 ProcSubset=pid
 
-# It answers on the socket that it is given, and can open none but to its own processes.
+# It answers on the socket that it is given, and has no network.
+PrivateNetwork=yes
 RestrictAddressFamilies=AF_UNIX
 IPAddressDeny=any
-IPAddressAllow=localhost
 
 # What was said stays in memory, of which bigger models than the one installed need more.
 MemoryMax=2G
@@ -96,5 +98,5 @@ SystemCallErrorNumber=EPERM
 `;
 }
 
-/** The units by their file names, for a socket on a port. */
-export const units = (port) => ({ [socketUnit]: socketText(port), [serviceUnit]: serviceText() });
+/** The units by their file names, for a socket at a path. */
+export const units = (path) => ({ [socketUnit]: socketText(path), [serviceUnit]: serviceText() });

@@ -10,25 +10,27 @@ import { RecognitionHandler } from '../../src/service/recognition-handler.mjs';
 import { serviceServer } from '../../src/service/server.mjs';
 import { engineFolder } from '../../src/settings/folders.mjs';
 import { polishingPath, recognitionPath } from '../../src/settings/service-address.mjs';
+import { temporaryHome } from './home.mjs';
 
 export const key = 'key-of-the-test';
 export { polishingPath as polishing, recognitionPath as recognition };
 
-/** Both services with the installed engine and the models of a folder, on a free port. */
+/** Both services with the installed engine and the models of a folder, on a socket. */
 export async function startServices(context, models) {
     const lines = [];
     const log = (line) => lines.push(line);
     const recogniser = new Recogniser(engineFolder());
     const handler = new RecognitionHandler(recogniser, models, log);
     const server = serviceServer([handler, new PolishingHandler(log)], key);
-    server.listen({ host: '127.0.0.1', port: 0 });
+    const socket = temporaryHome(context).path('socket');
+    server.listen(socket);
     await once(server, 'listening');
     context.after(() => {
         recogniser.stop();
         server.close();
         server.closeAllConnections();
     });
-    return { port: server.address().port, lines };
+    return { socket, lines };
 }
 
 /**
@@ -37,7 +39,7 @@ export async function startServices(context, models) {
  * @returns {Promise<{status: number, code: string, message: string, text: string, body: *}>}
  */
 export async function ask(
-    port,
+    socketPath,
     path,
     body,
     { headers = {}, method = 'POST', key: known = key, agent = false } = {},
@@ -49,8 +51,10 @@ export async function ask(
         'X-Api-Key': known,
         Authorization: `Bearer ${known}`,
     };
-    const to = { host: '127.0.0.1', port, path, method, agent };
+    const to = { socketPath, path, method, agent };
     const sent = request({ ...to, headers: { ...usual, ...headers } });
+    // Who answers may close before all that it has read counts as written here.
+    sent.on('error', () => {});
     sent.end(bytes);
     const [response] = await once(sent, 'response');
     const text = Buffer.concat(await response.toArray()).toString();
