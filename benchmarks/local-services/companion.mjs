@@ -5,6 +5,7 @@ import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { mkdirSync, readFileSync } from 'node:fs';
 import { request } from 'node:http';
+import { connect } from 'node:net';
 import { dirname } from 'node:path';
 import { fileURLToPath } from 'node:url';
 
@@ -37,6 +38,11 @@ export class Companion {
         await once(companion.#child.stderr, 'data');
         companion.#child.stderr.resume();
         return companion;
+    }
+
+    /** Opens a connection, as the application does when a recording begins. */
+    openAhead() {
+        connect(settings.socket).on('error', () => {}); // it is dropped when nothing is said
     }
 
     /** @returns {Promise<{text: string, milliseconds: number}>} the words in a WAV file */

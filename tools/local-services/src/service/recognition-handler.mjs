@@ -38,6 +38,12 @@ export class RecognitionHandler {
         return isSameText(headers['x-api-key'] ?? '', key);
     }
 
+    /** Loads the model of a language before it is asked for. */
+    prepare(language) {
+        const model = this.#modelFor(language);
+        if (model) this.#recogniser.prepare(model, language);
+    }
+
     async handle(request, response, query) {
         const isBusy = this.#active >= mostRecordings;
         ++this.#active;
