@@ -13,7 +13,7 @@ namespace {
 
 struct Option
 {
-    QLatin1StringView name;
+    QLatin1StringView words; // as they follow each other
     Command command;
 };
 
@@ -23,6 +23,9 @@ constexpr std::array options{
     Option{"--toggle"_L1, Command::Toggle},
     Option{"--cancel"_L1, Command::Cancel},
     Option{"--quit"_L1, Command::Quit},
+    Option{"--autostart on"_L1, Command::AutostartOn},
+    Option{"--autostart off"_L1, Command::AutostartOff},
+    Option{"--autostart status"_L1, Command::AutostartStatus},
     Option{"--help"_L1, Command::Help},
     Option{"-h"_L1, Command::Help},
     Option{"--version"_L1, Command::Version},
@@ -47,15 +50,11 @@ QStringList ownArguments(int argc, char **argv)
 CommandLine CommandLine::parse(int argc, char **argv)
 {
     CommandLine line;
-    const auto words = ownArguments(argc, argv);
-    if (words.isEmpty())
-        return line;
-    const auto *const option = std::ranges::find(options, words.first(), &Option::name);
-    if (option == options.end())
-        line.mistake = "there is no option "_L1 + words.first();
-    else if (words.size() > 1)
-        line.mistake = words.first() + " takes nothing after it, but there is "_L1 + words[1];
-    else
+    const auto words = ownArguments(argc, argv).join(u' ');
+    const auto *const option = std::ranges::find(options, words, &Option::words);
+    if (option != options.end())
         line.command = option->command;
+    else if (!words.isEmpty())
+        line.mistake = "there is no option "_L1 + words;
     return line;
 }

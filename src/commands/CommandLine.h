@@ -12,6 +12,9 @@ enum class Command {
     Toggle,
     Cancel,
     Quit,
+    AutostartOn,
+    AutostartOff,
+    AutostartStatus,
     Help,
     Version,
 };

@@ -3,7 +3,9 @@
 #include "RunCommand.h"
 
 #include "AppRuntime.h"
+#include "Autostart.h"
 #include "CommandLine.h"
+#include "FileError.h"
 #include "InstanceChannel.h"
 #include "Version.h"
 
@@ -41,6 +43,11 @@ QByteArray helpText()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QByteArray versionText()
+{
+    return (AppRuntime::appName + " "_L1 + AppRuntime::version() + u'\n').toUtf8();
+}
+
 int statusOf(InstanceAnswer answer)
 {
     switch (answer) {
@@ -64,7 +71,26 @@ std::optional<int> show()
     return {};
 }
 
-std::optional<int> askInstance(Command command)
+int printAutostart()
+{
+    return print(Autostart::isOn() ? "on\n" : "off\n");
+}
+
+// By the file that runs, not by the name that it was called by.
+int setAutostart(bool isOn)
+{
+    try {
+        if (isOn)
+            Autostart::turnOn(QCoreApplication::applicationFilePath());
+        else
+            Autostart::turnOff();
+    } catch (const FileError &error) {
+        return fail(error.localizedDescription(), Failed);
+    }
+    return Done;
+}
+
+std::optional<int> dispatch(Command command)
 {
     switch (command) {
     case Command::Show:
@@ -75,9 +101,21 @@ std::optional<int> askInstance(Command command)
         return statusOf(InstanceChannel::ask(InstanceCommand::CancelRecording));
     case Command::Quit:
         return statusOf(InstanceChannel::askToQuit());
-    default:
-        return {};
+    case Command::AutostartOn:
+        return setAutostart(true);
+    case Command::AutostartOff:
+        return setAutostart(false);
+    case Command::AutostartStatus:
+        return printAutostart();
+    case Command::Help:
+        return print(helpText());
+    case Command::Version:
+        return print(versionText());
+    case Command::Start:
+    case Command::StartInBackground:
+        break;
     }
+    return {};
 }
 
 } // namespace
@@ -86,18 +124,9 @@ std::optional<int> runCommand(const CommandLine &line, int argc, char **argv)
 {
     if (!line.mistake.isEmpty())
         return fail(line.mistake + "; wrenfold --help shows those there are"_L1, NotUnderstood);
-    switch (line.command) {
-    case Command::Start:
-    case Command::StartInBackground:
+    if (line.command == Command::Start || line.command == Command::StartInBackground)
         return {};
-    case Command::Help:
-        return print(helpText());
-    case Command::Version:
-        return print((AppRuntime::appName + " "_L1 + AppRuntime::version() + u'\n').toUtf8());
-    default:
-        break;
-    }
     // The bus wants one; it is gone again before the application's own is made.
     const QCoreApplication application(argc, argv);
-    return askInstance(line.command);
+    return dispatch(line.command);
 }

@@ -5,6 +5,10 @@
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
 
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -33,6 +37,7 @@ TEST(CommandLine, SaysWhatIsWrongWhenThereIsNothingToReach)
         {u"--help"_s, 0},
         {u"--version"_s, 0},
         {u"--toggle now"_s, 2},
+        {u"--autostart"_s, 2},
         {u"--bogus"_s, 2},
         {u"--toggle"_s, 3},
         {u"--cancel"_s, 3},
@@ -82,4 +87,32 @@ TEST(CommandLine, ShowStartsWhatDoesNotRun)
 {
     const WrenfoldApplication application({}, {u"--show"_s});
     EXPECT_TRUE(waitUntil(&hasWindow));
+}
+
+TEST(CommandLine, TheSessionStartsWhatTheAutostartEntryNames)
+{
+    // A folder whose name an entry has to quote.
+    const QDir folder(QDir::homePath() + u"/it's \"\\$5`"_s);
+    ASSERT_TRUE(folder.mkpath(u"."_s));
+    const auto program = folder.filePath(u"wrenfold"_s);
+    ASSERT_TRUE(QFile::copy(WrenfoldApplication::executable(), program));
+    const auto run = [&program](const QString &value) {
+        QProcess process;
+        process.start(program, {u"--autostart"_s, value});
+        EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0);
+        return process.readAll();
+    };
+    const auto entry = QDir::homePath() + "/.config/autostart/local.wrenfold.desktop"_L1;
+    EXPECT_EQ(run(u"status"_s), "off\n");
+    EXPECT_EQ(run(u"off"_s), "");
+    EXPECT_EQ(run(u"on"_s), "");
+    EXPECT_EQ(run(u"status"_s), "on\n");
+    EXPECT_EQ(runCommand("gio launch "_L1 + entry).exitCode, 0);
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Launch finished."_s));
+    EXPECT_EQ(statusOf(u"--quit"_s), 0);
+    // As a desktop's own settings switch it off.
+    runCommand("echo Hidden=true >>"_L1 + entry);
+    EXPECT_EQ(run(u"status"_s), "off\n");
+    EXPECT_EQ(run(u"off"_s), "");
+    EXPECT_FALSE(QFile::exists(entry));
 }
