@@ -35,6 +35,14 @@ function(wrenfold_desktop_test name)
         TIMEOUT 300 LABELS desktop)
 endfunction()
 
+# wrenfold_session_test(NAME SESSION SOURCES ... LIBS ...)
+# The same on a desktop of another kind, as scripts/private-desktop names it.
+function(wrenfold_session_test name session)
+    wrenfold_desktop_test(${name} ${ARGN})
+    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR
+        "${PROJECT_SOURCE_DIR}/scripts/private-desktop;--session;${session}")
+endfunction()
+
 # wrenfold_desktop_test_again(NAME VARIANT NAME=VALUE)
 # The cases of a desktop test once more, as NAME.VARIANT.*, with this environment variable: one
 # only, for of a list gtest_discover_tests would pass on no more than the first.

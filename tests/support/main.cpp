@@ -13,7 +13,8 @@ extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-iden
 // Every test program's entry: an application object without a display unless one was given.
 int main(int argc, char **argv)
 {
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
