@@ -8,6 +8,7 @@
 #include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
+#include "OverlaySurface.h"
 #include "SessionLock.h"
 #include "SyntheticKeyboard.h"
 #include "TrayHostWatch.h"
@@ -19,6 +20,7 @@ ColorSchemeWatch::~ColorSchemeWatch() = default;
 FocusReturn::~FocusReturn() = default;
 HotKeyRegistrar::~HotKeyRegistrar() = default;
 ModifierMonitor::~ModifierMonitor() = default;
+OverlaySurface::~OverlaySurface() = default;
 SessionLock::~SessionLock() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
 TrayHostWatch::~TrayHostWatch() = default;
