@@ -21,6 +21,7 @@ constexpr Row chords[] = {
     {"cool-retro-term", PasteChord::ShiftInsert},
     {"deepin-terminal", PasteChord::ShiftInsert},
     {"emacs", PasteChord::ShiftInsert},
+    {"foot", PasteChord::ShiftInsert},
     {"ghostty", PasteChord::ShiftInsert},
     {"gnome-terminal", PasteChord::ShiftInsert},
     {"gnome-terminal-server", PasteChord::ShiftInsert},
