@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QScreen>
 
+#include <cmath>
+
 namespace {
 
 constexpr int distanceFromEdge = 18;
@@ -36,10 +38,10 @@ void VoiceOverlayController::show(const VoiceOverlayMode &mode)
     if (!m_panel)
         buildPanel();
     m_panel->setMode(mode);
-    positionPanel();
-    updateMask();
-    m_panel->show();
-    m_panel->raise();
+    if (m_surroundings.surface != nullptr)
+        showPicture();
+    else
+        showPanel();
     m_panel->startAnimating();
 }
 
@@ -49,6 +51,8 @@ void VoiceOverlayController::hide()
         return;
     m_panel->stopAnimating();
     m_panel->hide();
+    if (m_surroundings.surface != nullptr)
+        m_surroundings.surface->hide();
 }
 
 void VoiceOverlayController::updateLevel(double level)
@@ -59,7 +63,7 @@ void VoiceOverlayController::updateLevel(double level)
 
 std::optional<VoiceOverlayMode> VoiceOverlayController::shownMode() const
 {
-    if (!m_panel || !m_panel->isVisible())
+    if (!m_panel || !m_panel->isAnimating())
         return {};
     return m_panel->mode();
 }
@@ -73,6 +77,27 @@ void VoiceOverlayController::buildPanel()
                             | Qt::BypassWindowManagerHint);
     m_panel->setAttribute(Qt::WA_TranslucentBackground);
     m_panel->setAttribute(Qt::WA_ShowWithoutActivating);
+    if (m_surroundings.surface != nullptr)
+        QObject::connect(
+            m_panel.get(), &VoiceOverlayView::moved, m_panel.get(), [this] { showPicture(); });
+}
+
+void VoiceOverlayController::showPanel()
+{
+    positionPanel();
+    updateMask();
+    m_panel->show();
+    m_panel->raise();
+}
+
+void VoiceOverlayController::showPicture()
+{
+    const auto ratio = std::ceil(qGuiApp->devicePixelRatio());
+    QImage picture(m_panel->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    m_panel->render(&picture, {}, {}, QWidget::DrawChildren);
+    m_surroundings.surface->show(picture);
 }
 
 void VoiceOverlayController::positionPanel()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "MainQueue.h"
+#include "OverlaySurface.h"
 #include "VoiceOverlayMode.h"
 
 #include <QRect>
@@ -24,6 +25,8 @@ public:
     {
         std::function<bool()> hasCompositor; // whether windows can be translucent
         std::function<QRect(const QScreen &)> workArea; // what panels leave free of the screen
+        // With a surface, pictures of the panel are shown there instead of the panel itself.
+        OverlaySurface *surface = nullptr;
     };
 
     VoiceOverlayController(MainQueue &queue, Surroundings surroundings);
@@ -47,6 +50,8 @@ private:
     void buildPanel();
     void positionPanel();
     void updateMask();
+    void showPanel();
+    void showPicture();
 
     MainQueue &m_queue;
     const Surroundings m_surroundings;

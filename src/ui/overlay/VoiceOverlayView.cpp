@@ -147,6 +147,8 @@ void VoiceOverlayView::advancePhase()
 {
     m_phase += phaseStep;
     updateMoving();
+    if (m_mode.kind != VoiceOverlayMode::Kind::Status)
+        Q_EMIT moved();
 }
 
 // Redraws what depends on the phase and the level.

@@ -34,6 +34,10 @@ public:
     // translucency is not to be had.
     [[nodiscard]] QRegion shapeRegion() const;
 
+Q_SIGNALS:
+    // The animation has gone a step further.
+    void moved();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 
