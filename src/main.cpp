@@ -4,6 +4,7 @@
 #include "AppRuntime.h"
 #include "Backends.h"
 #include "CommandLine.h"
+#include "EventLoopMainQueue.h"
 #include "RunCommand.h"
 #include "TerminationSignals.h"
 #include "Version.h"
@@ -28,12 +29,13 @@ int main(int argc, char **argv)
         std::quick_exit(*status);
 
     QApplication::setQuitOnLastWindowClosed(false);
-    WaylandSession::useXWayland();
+    auto compositor = WaylandSession::connect();
     QApplication application(argc, argv);
 
     const auto mode = commandLine.command == Command::StartInBackground ? LaunchMode::InBackground
                                                                         : LaunchMode::ShowsWindow;
-    AppDelegate delegate(makeBackends());
+    EventLoopMainQueue mainQueue;
+    AppDelegate delegate(mainQueue, makeBackends(mainQueue, std::move(compositor)));
     const TerminationSignals terminationSignals([] { QCoreApplication::quit(); });
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, [&delegate] {
         delegate.applicationWillTerminate();

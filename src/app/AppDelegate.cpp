@@ -44,13 +44,16 @@ QString keyFlags(const AppConfig &config)
 
 } // namespace
 
-AppDelegate::AppDelegate(Backends backends)
-    : m_backends(std::move(backends))
+AppDelegate::AppDelegate(MainQueue &mainQueue, Backends backends)
+    : m_mainQueue(mainQueue)
+    , m_backends(std::move(backends))
     , m_singleInstanceGuard(AppRuntime::bundleIdentifier)
     , m_recorder(*m_backends.audio)
-    , m_overlay(m_mainQueue, {m_backends.hasCompositor, m_backends.workArea})
+    , m_overlay(m_mainQueue,
+                {m_backends.hasCompositor, m_backends.workArea, m_backends.overlay.get()})
     , m_statusMenu(menuActions())
-    , m_globalHotKeys(*m_backends.hotKeys, *m_backends.modifiers, m_mainQueue, hotKeyCallbacks())
+    , m_globalHotKeys(
+          *m_backends.hotKeys, m_backends.modifiers.get(), m_mainQueue, hotKeyCallbacks())
     , m_session(
           {*this, m_recorder, m_overlay, m_historyStore, m_mainQueue, m_tasks, dictationServices()})
     , m_lockWatch(*m_backends.sessionLock,
@@ -91,7 +94,9 @@ void AppDelegate::launch()
     if (m_launchMode == LaunchMode::ShowsWindow)
         m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
-    WaylandSession::warnOfLimits();
+    AppLogger::info(m_backends.summary);
+    if (m_backends.usesXWayland)
+        WaylandSession::warnOfLimits();
     AppLogger::info(u"Launch finished."_s);
     m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));
     AudioRecorder::sweepLeftovers();

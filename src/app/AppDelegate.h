@@ -8,7 +8,6 @@
 #include "BackgroundTasks.h"
 #include "DictationHost.h"
 #include "DictationSession.h"
-#include "EventLoopMainQueue.h"
 #include "GlobalHotKeys.h"
 #include "HistoryStore.h"
 #include "HttpSession.h"
@@ -26,8 +25,9 @@
 class AppDelegate final : public DictationHost
 {
 public:
-    // Builds the objects; nothing visible happens before applicationDidFinishLaunching().
-    explicit AppDelegate(Backends backends);
+    // Builds the objects; nothing visible happens before applicationDidFinishLaunching(). The queue
+    // must outlive them.
+    AppDelegate(MainQueue &mainQueue, Backends backends);
     ~AppDelegate() override;
 
     // Runs the launch. A duplicate launch hands over to the running instance and quits, or takes
@@ -80,7 +80,7 @@ private:
     // In building order: what stands further down uses what stands above.
     AppConfig m_config;
     PasteTurns m_pasteTurns;
-    EventLoopMainQueue m_mainQueue;
+    MainQueue &m_mainQueue;
     BackgroundTasks m_tasks;
     HttpSession m_http;
     Backends m_backends;

@@ -5,8 +5,14 @@
 #include "DBusColorSchemeWatch.h"
 #include "DBusSessionLock.h"
 #include "DBusTrayHostWatch.h"
+#include "Farewell.h"
 #include "MicrophonePermissionStore.h"
+#include "NoHotKeys.h"
 #include "PulseAudioSystem.h"
+#include "SwayFocus.h"
+#include "SwayHotKeyRegistrar.h"
+#include "SwaySocket.h"
+#include "WaylandSession.h"
 #include "X11Clipboard.h"
 #include "X11Compositor.h"
 #include "X11FocusReturn.h"
@@ -18,25 +24,77 @@
 #include "X11TrayWatch.h"
 #include "X11WorkArea.h"
 
-Backends makeBackends()
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What every desktop has.
+Backends commonBackends()
+{
+    Backends backends;
+    backends.sessionLock = std::make_unique<DBusSessionLock>();
+    backends.audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::request);
+    backends.colorScheme = std::make_unique<DBusColorSchemeWatch>();
+    backends.trayHosts.push_back(std::make_unique<DBusTrayHostWatch>());
+    return backends;
+}
+
+Backends backendsOfX11()
 {
     const auto input = std::make_shared<X11InputConnection>();
-    Backends backends{
-        .connection = input,
-        .hotKeys = std::make_unique<X11HotKeyRegistrar>(*input),
-        .modifiers = std::make_unique<X11ModifierMonitor>(*input),
-        .keyboard = std::make_unique<X11SyntheticKeyboard>(*input),
-        .clipboard = std::make_unique<X11Clipboard>(),
-        .focusReturn = std::make_unique<X11FocusReturn>(),
-        .sessionLock = std::make_unique<DBusSessionLock>(),
-        .audio = std::make_unique<PulseAudioSystem>(&MicrophonePermissionStore::request),
-        .colorScheme = std::make_unique<DBusColorSchemeWatch>(),
-        .trayHosts = {},
-        .hasCompositor = &hasCompositor,
-        .workArea = &workArea,
-        .keyCharacters = &charactersTypedBy,
-    };
-    backends.trayHosts.push_back(std::make_unique<DBusTrayHostWatch>());
+    auto backends = commonBackends();
+    backends.connection = input;
+    backends.hotKeys = std::make_unique<X11HotKeyRegistrar>(*input);
+    backends.modifiers = std::make_unique<X11ModifierMonitor>(*input);
+    backends.keyboard = std::make_unique<X11SyntheticKeyboard>(*input);
+    backends.clipboard = std::make_unique<X11Clipboard>();
+    backends.focusReturn = std::make_unique<X11FocusReturn>();
     backends.trayHosts.push_back(std::make_unique<X11TrayWatch>());
+    backends.hasCompositor = &hasCompositor;
+    backends.workArea = &workArea;
+    backends.keyCharacters = &charactersTypedBy;
+    backends.usesXWayland = WaylandSession::isCurrent();
+    backends.summary = u"Desktop: X11."_s;
+    return backends;
+}
+
+// Null when nothing lets us hear a key everywhere.
+std::unique_ptr<HotKeyRegistrar> makeHotKeys(bool isSway)
+{
+    if (isSway)
+        return std::make_unique<SwayHotKeyRegistrar>();
+    return std::make_unique<NoHotKeys>();
+}
+
+Backends backendsOf(const std::shared_ptr<WaylandDesktop> &desktop)
+{
+    const bool isSway = SwaySocket::isThere();
+    auto backends = commonBackends();
+    backends.connection = desktop;
+    backends.clipboard = desktop->makeClipboard();
+    backends.focusReturn = desktop->makeFocusReturn();
+    backends.keyboard =
+        desktop->makeKeyboard(isSway ? &focusedApplicationInSway : FocusedApplication::Finder());
+    backends.overlay = desktop->makeOverlay();
+    backends.hotKeys = makeHotKeys(isSway);
+    backends.hasCompositor = [] { return true; };
+    backends.workArea = [](const QScreen &screen) { return screen.availableGeometry(); };
+    backends.keyCharacters = [desktop](quint32 key) { return desktop->charactersTypedBy(key); };
+    backends.summary = "Desktop: Wayland. hotkey="_L1 + (isSway ? "sway"_L1 : "none"_L1)
+        + QLatin1Char(' ') + desktop->summary();
+    return backends;
+}
+
+} // namespace
+
+Backends makeBackends(MainQueue &mainQueue, std::unique_ptr<WaylandDesktop> compositor)
+{
+    if (!compositor)
+        return backendsOfX11();
+    const std::shared_ptr<WaylandDesktop> desktop = std::move(compositor);
+    auto backends = backendsOf(desktop);
+    desktop->start(mainQueue, &Farewell::sayAndEnd);
     return backends;
 }

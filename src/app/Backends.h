@@ -8,9 +8,13 @@
 #include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
+#include "OverlaySurface.h"
 #include "SessionLock.h"
 #include "SyntheticKeyboard.h"
 #include "TrayHostWatch.h"
+#include "WaylandDesktop.h"
+
+#include <QString>
 
 #include <QRect>
 
@@ -26,9 +30,12 @@ struct Backends
     // What some of the parts share; goes last.
     std::shared_ptr<void> connection;
     std::unique_ptr<HotKeyRegistrar> hotKeys;
+    // Null where the hotkey service takes modifier keys on their own too.
     std::unique_ptr<ModifierMonitor> modifiers;
     std::unique_ptr<SyntheticKeyboard> keyboard;
     std::unique_ptr<Clipboard> clipboard;
+    // Null where a window of ours can be the overlay.
+    std::unique_ptr<OverlaySurface> overlay;
     std::unique_ptr<FocusReturn> focusReturn;
     std::unique_ptr<SessionLock> sessionLock;
     std::unique_ptr<AudioSystem> audio;
@@ -40,7 +47,13 @@ struct Backends
     std::function<QRect(const QScreen &)> workArea;
     // What a key, by its virtual key code, types without modifiers; empty when it types nothing.
     std::function<QString(quint32 keyCode)> keyCharacters;
+    // Whether this is a Wayland desktop of which only the X programs can be reached.
+    bool usesXWayland = false;
+    // A line for the log: what does what here, and what cannot be had.
+    QString summary;
 };
 
-// The desktop this process runs on. Needs the application object.
-[[nodiscard]] Backends makeBackends();
+// The desktop this process runs on, with a compositor if that is to be used. Needs the application
+// object.
+[[nodiscard]] Backends makeBackends(MainQueue &mainQueue,
+                                    std::unique_ptr<WaylandDesktop> compositor);

@@ -36,3 +36,10 @@ void Farewell::say()
     if (!hasBeenSaid.exchange(true))
         AppLogger::info(QStringLiteral("Application will terminate."));
 }
+
+void Farewell::sayAndEnd()
+{
+    sayAtExit();
+    // Nothing can be shown or heard any more, and the main thread may be in the middle of anything.
+    std::_Exit(EXIT_FAILURE);
+}

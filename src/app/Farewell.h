@@ -12,5 +12,7 @@ namespace Farewell {
 void install(std::function<void()> writeOut);
 // Writes "Application will terminate." unless it has been written.
 void say();
+// The desktop has died: writes the line and ends the process with status 1. Any thread.
+[[noreturn]] void sayAndEnd();
 
 } // namespace Farewell

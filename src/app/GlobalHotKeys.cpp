@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
-                             ModifierMonitor &monitor,
+                             ModifierMonitor *monitor,
                              MainQueue &mainQueue,
                              Callbacks callbacks)
     : m_registrar(registrar)
@@ -24,7 +24,7 @@ GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
 
 GlobalHotKeys::~GlobalHotKeys()
 {
-    m_monitor.stop();
+    removeModifierHotKeyMonitor();
     m_registrar.unregisterHotKey(HotKeyId::Main);
     m_registrar.unregisterHotKey(HotKeyId::Escape);
     m_registrar.setHandler({});
@@ -48,7 +48,7 @@ void GlobalHotKeys::registerHotKey()
     m_registrar.unregisterHotKey(HotKeyId::Main);
     m_combination.reset();
     removeModifierHotKeyMonitor();
-    if (!hotKey.isModifierOnly()) {
+    if (!hotKey.isModifierOnly() || m_monitor == nullptr) {
         registerCombination(hotKey);
         return;
     }
@@ -105,14 +105,15 @@ void GlobalHotKeys::installModifierHotKeyMonitor()
 {
     m_modifierHotKeyIsDown = false;
     // A display that cannot be watched leaves the hotkey without effect, as a refused monitor does.
-    static_cast<void>(m_monitor.start([this](const KeyEvent &event) {
+    static_cast<void>(m_monitor->start([this](const KeyEvent &event) {
         queue([this, event] { handleModifierHotKeyEvent(event); });
     }));
 }
 
 void GlobalHotKeys::removeModifierHotKeyMonitor()
 {
-    m_monitor.stop();
+    if (m_monitor != nullptr)
+        m_monitor->stop();
     m_modifierHotKeyIsDown = false;
 }
 

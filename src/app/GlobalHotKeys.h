@@ -30,8 +30,9 @@ public:
         std::function<bool()> isKeyboardHeld;
     };
 
+    // Without a monitor the registrar takes modifier keys on their own too.
     GlobalHotKeys(HotKeyRegistrar &registrar,
-                  ModifierMonitor &monitor,
+                  ModifierMonitor *monitor,
                   MainQueue &mainQueue,
                   Callbacks callbacks);
     ~GlobalHotKeys();
@@ -67,7 +68,7 @@ private:
     void queue(std::function<void()> action);
 
     HotKeyRegistrar &m_registrar;
-    ModifierMonitor &m_monitor;
+    ModifierMonitor *m_monitor;
     MainQueue &m_mainQueue;
     Callbacks m_callbacks;
     bool m_isHandlerInstalled = false;

@@ -3,6 +3,7 @@
 #include "WaylandSession.h"
 
 #include "AppLogger.h"
+#include "WaylandModule.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -11,26 +12,27 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool isCurrent()
+bool WaylandSession::isCurrent()
 {
     return qgetenv("XDG_SESSION_TYPE") == "wayland"
         || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-} // namespace
-
-void WaylandSession::useXWayland()
+std::unique_ptr<WaylandDesktop> WaylandSession::connect()
 {
-    if (isCurrent() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    const auto chosen = qgetenv("QT_QPA_PLATFORM");
+    if (!isCurrent() || !(chosen.isEmpty() || chosen.startsWith("wayland")))
+        return {};
+    auto compositor = WaylandModule::connect();
+    if (compositor && !compositor->canPaste())
+        compositor.reset();
+    if (chosen.isEmpty())
+        qputenv("QT_QPA_PLATFORM", compositor ? "wayland;xcb" : "xcb;wayland");
+    return compositor;
 }
 
 void WaylandSession::warnOfLimits()
 {
-    if (!isCurrent())
-        return;
     const auto message = u"Wayland session: the hotkey is heard only while an XWayland window has "
                          "the focus, and pasting reaches only XWayland windows."_s;
     AppLogger::warning(message);

@@ -2,16 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// On a Wayland desktop, which lets no application hear keys or type into windows by itself, we run
-// through XWayland and reach what runs there. On an X desktop none of this does anything.
+#include "WaylandDesktop.h"
+
+#include <memory>
+
+// How we run on a Wayland desktop. On an X desktop none of this does anything.
 namespace WaylandSession {
 
-// Makes Qt choose XWayland, unless the user has chosen with QT_QPA_PLATFORM. Where there is none,
-// Wayland is left, so that the application can say what is missing. Call it before the application
-// object is made.
-void useXWayland();
+// Connects to the compositor if it lets us paste everywhere, and has Qt make our windows its own.
+// Under any other we run through XWayland and reach what runs there; where there is none, Wayland
+// is left, so that the application can say what is missing. What the user has chosen with
+// QT_QPA_PLATFORM stays. Call it before the application object is made.
+[[nodiscard]] std::unique_ptr<WaylandDesktop> connect();
 
-// Says in the log and on the terminal what will not work.
+// Whether this is a Wayland desktop.
+[[nodiscard]] bool isCurrent();
+
+// Says in the log and on the terminal what will not work through XWayland.
 void warnOfLimits();
 
 } // namespace WaylandSession

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "AppDelegate.h"
+#include "EventLoopMainQueue.h"
 #include "FakeAudioSystem.h"
 #include "FakeClipboard.h"
 #include "FakeHotKeyRegistrar.h"
@@ -47,6 +48,7 @@ protected:
             .modifiers = std::make_unique<FakeModifierMonitor>(),
             .keyboard = std::move(keyboard),
             .clipboard = std::make_unique<FakeClipboard>(),
+            .overlay = {},
             .focusReturn = {},
             .sessionLock = std::make_unique<FakeSessionLock>(),
             .audio = std::make_unique<FakeAudioSystem>(),
@@ -55,9 +57,11 @@ protected:
             .hasCompositor = [] { return true; },
             .workArea = &QScreen::availableGeometry,
             .keyCharacters = {},
+            .usesXWayland = false,
+            .summary = u"Desktop: fake."_s,
         };
         delegate.reset();
-        delegate = std::make_unique<AppDelegate>(std::move(backends));
+        delegate = std::make_unique<AppDelegate>(mainQueue, std::move(backends));
         delegate->applicationDidFinishLaunching();
     }
 
@@ -68,6 +72,7 @@ protected:
     TemporaryHome home;
     UrlCatcher browser;
     FakeHotKeyRegistrar *hotKeys = nullptr;
+    EventLoopMainQueue mainQueue;
     std::unique_ptr<AppDelegate> delegate;
 };
 

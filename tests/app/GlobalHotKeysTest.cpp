@@ -34,7 +34,7 @@ protected:
     VirtualMainQueue m_queue;
     std::unique_ptr<GlobalHotKeys> m_hotKeys = std::make_unique<GlobalHotKeys>(
         m_registrar,
-        m_monitor,
+        &m_monitor,
         m_queue,
         GlobalHotKeys::Callbacks{[this]() -> const HotKeyConfig & { return m_hotKey; },
                                  [this] { m_actions.emplace_back("toggle"); },
