@@ -7,6 +7,7 @@
 #include "AppRuntime.h"
 #include "Appearance.h"
 #include "AutoPaster.h"
+#include "ClipboardWriter.h"
 #include "DeepSeekPolisher.h"
 #include "Farewell.h"
 #include "InputPermissionHelp.h"
@@ -324,12 +325,7 @@ DictationServices AppDelegate::dictationServices()
                     .paste(text, std::move(delivered));
             },
         .returnFocus = [this] { return m_backends.focusReturn->returnFocus(); },
-        .copy =
-            [this](const QString &text) {
-                // Whether it succeeded is not looked at.
-                static_cast<void>(
-                    m_backends.clipboard->offer(text, ClipboardSelections::Clipboard));
-            },
+        .copy = [this](const QString &text) { ClipboardWriter::copy(text, *m_backends.clipboard); },
     };
 }
 
@@ -386,6 +382,8 @@ MainWindowCallbacks AppDelegate::windowCallbacks()
                 updatePersonalDictionary(dictionary);
             },
         .onPasteHistory = [this](const QString &text) { m_session.pasteHistoryText(text); },
+        .onCopyHistory =
+            [this](const QString &text) { ClipboardWriter::copy(text, *m_backends.clipboard); },
         .onOpenLogFolder = &AppLogger::openLogFolder,
     };
 }

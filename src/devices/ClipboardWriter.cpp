@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ClipboardWriter.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
+#include "Clipboard.h"
 
-void ClipboardWriter::copy(const QString &text)
+void ClipboardWriter::copy(const QString &text, Clipboard &clipboard)
 {
-    QGuiApplication::clipboard()->setText(text);
+    static_cast<void>(clipboard.offer(text, ClipboardSelections::Clipboard));
 }

@@ -4,11 +4,12 @@
 
 #include <QString>
 
-// Puts text on the system clipboard as its only representation, while a window of our own has the
-// focus: on some desktops nobody else may. Main thread only.
+class Clipboard;
+
+// Puts text on the clipboard, for the user to paste where they like. Main thread only.
 namespace ClipboardWriter {
 
 // Whether the write succeeded is not looked at.
-void copy(const QString &text);
+void copy(const QString &text, Clipboard &clipboard);
 
 } // namespace ClipboardWriter

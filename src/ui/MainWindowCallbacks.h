@@ -27,5 +27,6 @@ struct MainWindowCallbacks
         [](const PersonalDictionaryConfig &) {};
     // A polished text of the history.
     std::function<void(const QString &text)> onPasteHistory = [](const QString &) {};
+    std::function<void(const QString &text)> onCopyHistory = [](const QString &) {};
     std::function<void()> onOpenLogFolder = [] {};
 };

@@ -42,12 +42,14 @@ protected:
         auto keyboard = std::make_unique<FakeSyntheticKeyboard>();
         keyboard->trusted = isTrusted;
         hotKeys = registrar.get();
+        auto copies = std::make_unique<FakeClipboard>();
+        clipboard = copies.get();
         Backends backends{
             .connection = {},
             .hotKeys = std::move(registrar),
             .modifiers = std::make_unique<FakeModifierMonitor>(),
             .keyboard = std::move(keyboard),
-            .clipboard = std::make_unique<FakeClipboard>(),
+            .clipboard = std::move(copies),
             .overlay = {},
             .focusReturn = {},
             .sessionLock = std::make_unique<FakeSessionLock>(),
@@ -73,6 +75,7 @@ protected:
     UrlCatcher browser;
     FakeHotKeyRegistrar *hotKeys = nullptr;
     EventLoopMainQueue mainQueue;
+    FakeClipboard *clipboard = nullptr;
     std::unique_ptr<AppDelegate> delegate;
 };
 
@@ -166,6 +169,13 @@ TEST_F(AppDelegateTest, WhoRaisesAnAlertIsToldThatItWasDismissed)
     delegate->showAlert(u"text"_s, [&isDismissed] { isDismissed = true; });
     qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->accept();
     EXPECT_TRUE(isDismissed);
+}
+
+TEST_F(AppDelegateTest, AHistoryTextIsCopiedToTheDesktopsClipboard)
+{
+    launch();
+    delegate->mainWindow().callbacks().onCopyHistory(u"早安"_s);
+    EXPECT_EQ(clipboard->text, u"早安"_s);
 }
 
 TEST_F(AppDelegateTest, WithoutThePermissionToPostInputTheHelpPageOpens)

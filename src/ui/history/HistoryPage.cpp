@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "HistoryPage.h"
 
-#include "ClipboardWriter.h"
 #include "DeletionUndo.h"
 #include "HistoryDateHeaderView.h"
 #include "HistoryListView.h"
@@ -79,7 +78,7 @@ HistoryRowView *HistoryPage::makeRow(const HistoryItem &item)
 {
     const auto remove = [this, id = item.id] { this->remove(id); };
     const auto paste = [this, text = item.polished] { m_callbacks.onPasteHistory(text); };
-    const auto copy = [text = item.polished] { ClipboardWriter::copy(text); };
+    const auto copy = [this, text = item.polished] { m_callbacks.onCopyHistory(text); };
     return new HistoryRowView(
         formatted(item.createdAt, u"HH:mm"_s), item.polished, paste, copy, remove);
 }

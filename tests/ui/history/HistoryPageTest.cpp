@@ -11,7 +11,6 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
 #include <QHoverEvent>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -93,8 +92,10 @@ protected:
     const TemporaryHome m_home;
     QDateTime m_now = QDateTime::fromString(u"2026-03-02T03:00:00Z"_s, Qt::ISODate);
     QStringList m_pasted;
+    QStringList m_copied;
     const MainWindowCallbacks m_callbacks{
-        .onPasteHistory = [this](const QString &text) { m_pasted.append(text); }};
+        .onPasteHistory = [this](const QString &text) { m_pasted.append(text); },
+        .onCopyHistory = [this](const QString &text) { m_copied.append(text); }};
     DeletionUndo m_deletions;
     std::optional<HistoryStore> m_store;
     std::optional<HistoryPage> m_page;
@@ -143,7 +144,7 @@ TEST_F(HistoryPageTest, PastesAndCopiesTheItemOfTheRow)
     button(1, u"再次粘贴"_s)->click();
     EXPECT_EQ(m_pasted, QStringList{u"1"_s});
     button(0, u"复制转录"_s)->click();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"0"_s);
+    EXPECT_EQ(m_copied, QStringList{u"0"_s});
 }
 
 TEST_F(HistoryPageTest, KeepsTheKeyboardFocusInItsPlace)
