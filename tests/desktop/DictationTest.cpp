@@ -159,24 +159,34 @@ TEST_F(Dictation, ASoundServerThatStandsStillNeverHoldsUpTheApplication)
     launch(services);
     TrayPanel panel;
     ASSERT_TRUE(panel.hasIcon());
-    startRecording();
-    signalSoundServer(SIGSTOP);
-    desktop.tap(Key::hotKey);
-    qint64 slowest = 0;
-    const auto said = [&](const QString &text) {
-        return waitUntil([&] {
+    // The slowest answer until the log has said this so many times.
+    const auto slowestUntil = [&](const QString &text, qsizetype times) {
+        qint64 slowest = 0;
+        EXPECT_TRUE(waitUntil([&] {
             slowest = std::max(slowest, panel.millisecondsToAnswer());
-            return WrenfoldApplication::log().join(u'\n').contains(text);
-        });
+            return WrenfoldApplication::log().filter(text).size() >= times;
+        }));
+        return slowest;
     };
-    EXPECT_TRUE(said(u"Processing timing."_s));
-    EXPECT_TRUE(panel.awaitToolTip(u"：听，"_s));
-    desktop.tap(Key::hotKey);
-    EXPECT_TRUE(said(u"Showing error. error=录音没有启动成功。"_s));
-    // Some milliseconds, but for the load of this machine; the server's silence lasts seconds.
-    EXPECT_LT(slowest, 120);
-    signalSoundServer(SIGCONT);
-    startRecording(2);
+    // What waits for the server does so every time; what this machine's load does, it does now and
+    // then.
+    qint64 finishing = 1000;
+    qint64 starting = 1000;
+    qsizetype rounds = 0;
+    while (rounds < 8 && std::max(finishing, starting) >= 50) {
+        startRecording(++rounds);
+        signalSoundServer(SIGSTOP);
+        desktop.tap(Key::hotKey);
+        finishing = std::min(finishing, slowestUntil(u"Processing timing."_s, rounds));
+        EXPECT_TRUE(panel.awaitToolTip(u"：听，"_s));
+        desktop.tap(Key::hotKey);
+        starting =
+            std::min(starting, slowestUntil(u"Showing error. error=录音没有启动成功。"_s, rounds));
+        signalSoundServer(SIGCONT);
+    }
+    EXPECT_LT(finishing, 50);
+    EXPECT_LT(starting, 50);
+    startRecording(rounds + 1);
 }
 
 TEST_F(Dictation, AServiceThatFailsLeavesNothingTypedAndTheNextPressReady)
