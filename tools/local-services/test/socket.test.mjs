@@ -10,7 +10,12 @@ import { connect, createServer } from 'node:net';
 import { dirname } from 'node:path';
 import test from 'node:test';
 
-import { engineFolder, modelsFolder } from '../src/settings/folders.mjs';
+import {
+    applicationFile,
+    engineFolder,
+    modelsFolder,
+    replacedFile,
+} from '../src/settings/folders.mjs';
 import { units } from '../src/setup/units.mjs';
 import { program, run, temporaryHome, write } from './support/home.mjs';
 import { ask, polishing, recognition, recording, startServices } from './support/services.mjs';
@@ -143,5 +148,16 @@ test('The unit gives the services little, and names no single Node.js', (context
     const analyze = (...args) => execFileSync('systemd-analyze', args, { stdio: 'pipe' });
     analyze('verify', '--man=no', service, socket);
     analyze('security', '--offline=true', '--threshold=30', service);
+    // What the measure does not count, or counts for less than it is here.
+    const wanted = {
+        'wrenfold-local.socket': ['SocketMode=0600', 'DirectoryMode=0700'],
+        'wrenfold-local.service': [
+            ...['MemoryMax=2G', 'MemorySwapMax=0', 'LimitCORE=0', 'ProtectSystem=strict'],
+            ...['PrivateUsers=yes', 'PrivateNetwork=yes', 'IPAddressDeny=any'],
+            `InaccessiblePaths="-${dirname(applicationFile())}" "-${replacedFile()}"`,
+        ],
+    };
+    for (const [name, lines] of Object.entries(wanted))
+        for (const line of lines) assert.ok(texts[name].includes(`\n${line}\n`), line);
     assert.ok(!texts['wrenfold-local.service'].includes(process.execPath));
 });
