@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "AppRuntime.h"
 #include "Backends.h"
+#include "Check.h"
 #include "CommandLine.h"
 #include "EventLoopMainQueue.h"
 #include "RunCommand.h"
@@ -32,10 +33,14 @@ int main(int argc, char **argv)
     auto compositor = WaylandSession::connect();
     QApplication application(argc, argv);
 
+    EventLoopMainQueue mainQueue;
+    auto backends = makeBackends(mainQueue, std::move(compositor));
+    if (commandLine.command == Command::Check || commandLine.command == Command::CheckOnline)
+        std::quick_exit(runCheck(backends, commandLine.command == Command::CheckOnline));
+
     const auto mode = commandLine.command == Command::StartInBackground ? LaunchMode::InBackground
                                                                         : LaunchMode::ShowsWindow;
-    EventLoopMainQueue mainQueue;
-    AppDelegate delegate(mainQueue, makeBackends(mainQueue, std::move(compositor)));
+    AppDelegate delegate(mainQueue, std::move(backends));
     const TerminationSignals terminationSignals([] { QCoreApplication::quit(); });
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, [&delegate] {
         delegate.applicationWillTerminate();

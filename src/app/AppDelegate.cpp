@@ -171,8 +171,10 @@ void AppDelegate::takeOverOrHandOver()
 
 void AppDelegate::installDuplicateLaunchObserver()
 {
-    if (!m_instanceChannel.open(
-            [this](InstanceCommand command) { handleInstanceCommand(command); }))
+    const bool isOpen =
+        m_instanceChannel.open([this](InstanceCommand command) { handleInstanceCommand(command); },
+                               [this] { return m_globalHotKeys.hasHotKey(); });
+    if (!isOpen)
         AppLogger::warning(u"Duplicate launch requests cannot be received. No session bus."_s);
 }
 

@@ -105,15 +105,16 @@ void GlobalHotKeys::installModifierHotKeyMonitor()
 {
     m_modifierHotKeyIsDown = false;
     // A display that cannot be watched leaves the hotkey without effect, as a refused monitor does.
-    static_cast<void>(m_monitor->start([this](const KeyEvent &event) {
+    m_isMonitoring = m_monitor->start([this](const KeyEvent &event) {
         queue([this, event] { handleModifierHotKeyEvent(event); });
-    }));
+    });
 }
 
 void GlobalHotKeys::removeModifierHotKeyMonitor()
 {
     if (m_monitor != nullptr)
         m_monitor->stop();
+    m_isMonitoring = false;
     m_modifierHotKeyIsDown = false;
 }
 

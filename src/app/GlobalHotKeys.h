@@ -44,6 +44,8 @@ public:
     // Puts the configured hotkey in the place of the one before. A combination that cannot be had
     // is logged and leaves none.
     void registerHotKey();
+    // Whether the configured hotkey is ours, even while it is suspended.
+    [[nodiscard]] bool hasHotKey() const { return m_combination || m_isMonitoring; }
     // Leaves the combination to whoever has the focus until it is resumed, so that it can be chosen
     // again. A combination that is registered meanwhile is given back likewise once it is known to
     // be free. A lone modifier key needs none of this: it is not watched in our own windows.
@@ -72,6 +74,7 @@ private:
     MainQueue &m_mainQueue;
     Callbacks m_callbacks;
     bool m_isHandlerInstalled = false;
+    bool m_isMonitoring = false;
     bool m_modifierHotKeyIsDown = false;
     // The combination that is ours, even while it is suspended.
     std::optional<HotKeyConfig> m_combination;

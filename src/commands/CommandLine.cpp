@@ -26,6 +26,8 @@ constexpr std::array options{
     Option{"--autostart on"_L1, Command::AutostartOn},
     Option{"--autostart off"_L1, Command::AutostartOff},
     Option{"--autostart status"_L1, Command::AutostartStatus},
+    Option{"--check"_L1, Command::Check},
+    Option{"--check --online"_L1, Command::CheckOnline},
     Option{"--help"_L1, Command::Help},
     Option{"-h"_L1, Command::Help},
     Option{"--version"_L1, Command::Version},

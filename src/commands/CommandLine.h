@@ -15,6 +15,8 @@ enum class Command {
     AutostartOn,
     AutostartOff,
     AutostartStatus,
+    Check,
+    CheckOnline,
     Help,
     Version,
 };

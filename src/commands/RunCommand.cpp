@@ -90,6 +90,12 @@ int setAutostart(bool isOn)
     return Done;
 }
 
+bool takesDesktop(Command command)
+{
+    return command == Command::Start || command == Command::StartInBackground
+        || command == Command::Check || command == Command::CheckOnline;
+}
+
 std::optional<int> dispatch(Command command)
 {
     switch (command) {
@@ -111,8 +117,7 @@ std::optional<int> dispatch(Command command)
         return print(helpText());
     case Command::Version:
         return print(versionText());
-    case Command::Start:
-    case Command::StartInBackground:
+    default:
         break;
     }
     return {};
@@ -124,7 +129,7 @@ std::optional<int> runCommand(const CommandLine &line, int argc, char **argv)
 {
     if (!line.mistake.isEmpty())
         return fail(line.mistake + "; wrenfold --help shows those there are"_L1, NotUnderstood);
-    if (line.command == Command::Start || line.command == Command::StartInBackground)
+    if (takesDesktop(line.command))
         return {};
     // The bus wants one; it is gone again before the application's own is made.
     const QCoreApplication application(argc, argv);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "InstanceChannel.h"
 #include "Process.h"
+#include "ScriptedServices.h"
 #include "WaitUntil.h"
 #include "WrenfoldApplication.h"
 
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -115,4 +117,39 @@ TEST(CommandLine, TheSessionStartsWhatTheAutostartEntryNames)
     EXPECT_EQ(run(u"status"_s), "off\n");
     EXPECT_EQ(run(u"off"_s), "");
     EXPECT_FALSE(QFile::exists(entry));
+}
+
+TEST(CommandLine, CheckNamesWhatADictationWouldFailAt)
+{
+    auto services = std::make_unique<ScriptedServices>();
+    // What --check says, and with which status, besides a list of what is well.
+    const auto expectLine = [](const QString &environment, const QString &line, int status) {
+        const auto result =
+            runCommand(environment + WrenfoldApplication::executable() + " --check --online"_L1);
+        EXPECT_EQ(result.exitCode, status) << result.output.data();
+        EXPECT_TRUE(QString::fromUtf8(result.output).simplified().contains(line))
+            << qPrintable(line) << result.output.data();
+    };
+    services->configure();
+    expectLine({}, u"ok Hotkey ⌘⇧Space is free."_s, 0);
+    expectLine(u"chmod 755 ~/.wrenfold; "_s, u"note Files others can look into"_s, 0);
+    expectLine(u"PULSE_SERVER=unix:/nonexistent "_s, u"FAILS Microphone"_s, 1);
+    {
+        const auto running = WrenfoldApplication::launch();
+        expectLine({}, u"ok Hotkey ⌘⇧Space starts a recording."_s, 0);
+    }
+    {
+        // Another session's, on the same display.
+        const auto lock = QDir::homePath();
+        const auto other = WrenfoldApplication::launch(
+            {u"DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent"_s, "XDG_RUNTIME_DIR="_L1 + lock});
+        expectLine({}, u"FAILS Hotkey ⌘⇧Space is taken by another program"_s, 1);
+    }
+    services->configure(false);
+    expectLine({}, u"FAILS Keys there are none."_s, 1);
+    services->configure();
+    services.reset();
+    expectLine({}, u"FAILS Recognition No connection to"_s, 1);
+    runCommand(u"echo '{' >~/.wrenfold/config.json"_s);
+    expectLine({}, u"FAILS Settings"_s, 1);
 }

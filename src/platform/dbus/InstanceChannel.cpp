@@ -40,10 +40,10 @@ QString member(InstanceCommand command)
     Q_UNREACHABLE();
 }
 
-QDBusMessage reply(InstanceCommand command)
+QDBusMessage reply(const QString &member)
 {
     const QString name = AppRuntime::bundleIdentifier;
-    auto request = QDBusMessage::createMethodCall(name, path, name, member(command));
+    auto request = QDBusMessage::createMethodCall(name, path, name, member);
     request.setAutoStartService(false);
     return QDBusConnection::sessionBus().call(request, QDBus::Block, answerLimitMs);
 }
@@ -87,27 +87,39 @@ InstanceChannel::~InstanceChannel()
     close();
 }
 
+bool InstanceChannel::isRunning()
+{
+    auto *const bus = QDBusConnection::sessionBus().interface();
+    return bus != nullptr && bus->isServiceRegistered(AppRuntime::bundleIdentifier);
+}
+
+bool InstanceChannel::isHotKeyThere()
+{
+    return reply(u"hasHotKey"_s).arguments().value(0).toBool();
+}
+
 InstanceAnswer InstanceChannel::ask(InstanceCommand command)
 {
-    return answer(reply(command));
+    return answer(reply(member(command)));
 }
 
 InstanceAnswer InstanceChannel::askToQuit()
 {
-    const auto message = reply(InstanceCommand::Quit);
+    const auto message = reply(member(InstanceCommand::Quit));
     const auto result = answer(message);
     if (result != InstanceAnswer::Done || hasLeft(message.service()))
         return result;
     return InstanceAnswer::NoAnswer;
 }
 
-bool InstanceChannel::open(Handler handler)
+bool InstanceChannel::open(Handler handler, std::function<bool()> hasHotKey)
 {
     close();
     auto bus = QDBusConnection::sessionBus();
     if (!bus.registerObject(path, this, QDBusConnection::ExportScriptableInvokables))
         return false;
     m_handler = std::move(handler);
+    m_hasHotKey = std::move(hasHotKey);
     // Not waited for: the launch goes on. Who has the name already is asked before us, and leaves
     // it to us when it goes.
     const QString name = AppRuntime::bundleIdentifier;
@@ -144,6 +156,11 @@ void InstanceChannel::cancelRecording()
 void InstanceChannel::quit()
 {
     handle(InstanceCommand::Quit);
+}
+
+bool InstanceChannel::hasHotKey() const
+{
+    return m_handler && m_hasHotKey();
 }
 
 void InstanceChannel::handle(InstanceCommand command) const

@@ -34,6 +34,10 @@ public:
     InstanceChannel() = default;
     ~InstanceChannel() override;
 
+    // Whether there is one in this session, and whether it has its hotkey; false when it does not
+    // say so.
+    [[nodiscard]] static bool isRunning();
+    [[nodiscard]] static bool isHotKeyThere();
     // Asks the running instance and waits for its answer, a second at most. Needs no event loop.
     [[nodiscard]] static InstanceAnswer ask(InstanceCommand command);
     // Asks it to quit, likewise, and then waits until its process has left the bus; NoAnswer when
@@ -41,8 +45,9 @@ public:
     [[nodiscard]] static InstanceAnswer askToQuit();
 
     // Makes this process the running instance: calls the handler from the event loop for every
-    // request until close(); a request is answered once the handler returns. False without a bus.
-    [[nodiscard]] bool open(Handler handler);
+    // request until close(); a request is answered once the handler returns. `hasHotKey` answers
+    // isHotKeyThere(). False without a bus.
+    [[nodiscard]] bool open(Handler handler, std::function<bool()> hasHotKey);
     // From here on nobody is answered.
     void close();
 
@@ -51,9 +56,11 @@ public:
     Q_SCRIPTABLE void toggleRecording();
     Q_SCRIPTABLE void cancelRecording();
     Q_SCRIPTABLE void quit();
+    Q_SCRIPTABLE bool hasHotKey() const;
 
 private:
     void handle(InstanceCommand command) const;
 
     Handler m_handler; // empty when not open
+    std::function<bool()> m_hasHotKey;
 };

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "DesktopCheck.h"
+
+#include "InstanceChannel.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QSystemTrayIcon>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Verdict = Finding::Verdict;
+
+namespace {
+
+constexpr int taken = 10;
+constexpr int noSuchKey = 2;
+constexpr auto permissionLimit = 2s;
+
+// NotDetermined when the desktop does not answer.
+MicrophonePermission permissionFor(AudioSystem &audio)
+{
+    const auto answer = audio.requestMicrophonePermission();
+    const QDeadlineTimer limit(permissionLimit);
+    while (answer->value(10ms) == MicrophonePermission::NotDetermined && !limit.hasExpired())
+        QCoreApplication::processEvents();
+    return answer->value();
+}
+
+// 0, or why the desktop does not give it, as HotKeyRegistrar tells it. It is given back.
+int tryToHave(const Backends &backends, const HotKeyConfig &hotKey)
+{
+    if (hotKey.isModifierOnly() && backends.modifiers) {
+        const bool isWatched = backends.modifiers->start([](const KeyEvent &) {});
+        backends.modifiers->stop();
+        return isWatched ? 0 : -1;
+    }
+    const int status =
+        backends.hotKeys->registerHotKey(HotKeyId::Main, hotKey.keyCode, hotKey.modifiers);
+    backends.hotKeys->unregisterHotKey(HotKeyId::Main);
+    return status;
+}
+
+QString refusal(int status, const QString &hotKey)
+{
+    switch (status) {
+    case taken:
+        return hotKey + u" is taken by another program; the display does not tell which."_s;
+    case noSuchKey:
+        return hotKey + u" has a key that this keyboard has not."_s;
+    default:
+        return u"this desktop gives programs no hotkeys."_s;
+    }
+}
+
+} // namespace
+
+Finding DesktopCheck::microphone(AudioSystem &audio)
+{
+    const auto subject = u"Microphone"_s;
+    const auto permission = permissionFor(audio);
+    if (permission == MicrophonePermission::Denied
+        || permission == MicrophonePermission::Restricted)
+        return {Verdict::Fails,
+                subject,
+                u"the desktop's privacy settings keep it from Wrenfold."_s,
+                u"Allow it there."_s};
+    const auto name = audio.defaultInputName();
+    if (name.isEmpty())
+        return {Verdict::Fails,
+                subject,
+                u"the sound server has none, or does not answer."_s,
+                u"Plug one in and choose it as the input in the desktop's sound settings; "
+                "\"pactl info\" tells whether PulseAudio or PipeWire answers."_s};
+    return {Verdict::Works, subject, name + u'.', {}};
+}
+
+Finding DesktopCheck::hotKey(const Backends &backends, const HotKeyConfig &hotKey, bool isRunning)
+{
+    const auto subject = u"Hotkey"_s;
+    if (isRunning && InstanceChannel::isHotKeyThere())
+        return {Verdict::Works, subject, hotKey.displayName + u" starts a recording."_s, {}};
+    const int status = tryToHave(backends, hotKey);
+    if (status == 0 && !isRunning)
+        return {Verdict::Works, subject, hotKey.displayName + u" is free."_s, {}};
+    if (status == 0)
+        return {Verdict::Fails,
+                subject,
+                hotKey.displayName + u" was taken when Wrenfold asked for it, and is free now."_s,
+                u"Choose it again on the first page, or start Wrenfold again."_s};
+    return {Verdict::Fails,
+            subject,
+            refusal(status, hotKey.displayName),
+            u"Choose another on the first page, or bind \"wrenfold --toggle\" to a key in the "
+            "desktop's settings."_s};
+}
+
+Finding DesktopCheck::paste(const SyntheticKeyboard &keyboard)
+{
+    if (keyboard.isTrusted())
+        return {Verdict::Works, u"Paste"_s, u"keys can be sent to other programs."_s, {}};
+    return {Verdict::Fails,
+            u"Paste"_s,
+            u"this desktop lets no program send keys to others."_s,
+            u"The text is on the clipboard after a dictation; on X11 the server needs its "
+            "extension XTEST."_s};
+}
+
+Finding DesktopCheck::overlay(const Backends &backends)
+{
+    if (backends.hasCompositor())
+        return {Verdict::Works, u"Overlay"_s, u"it can be translucent."_s, {}};
+    return {Verdict::Limited,
+            u"Overlay"_s,
+            u"it has hard edges, since no compositor runs."_s,
+            u"Nothing needs to be done; picom is one."_s};
+}
+
+Finding DesktopCheck::tray()
+{
+    if (QSystemTrayIcon::isSystemTrayAvailable())
+        return {Verdict::Works, u"Tray"_s, u"the panel has a place for the icon."_s, {}};
+    return {Verdict::Limited,
+            u"Tray"_s,
+            u"no panel shows icons."_s,
+            u"\"wrenfold --show\" and the entry in the menu open the window; on GNOME, the "
+            "extension AppIndicator shows icons."_s};
+}
