@@ -37,6 +37,13 @@ QString keyFlag(const QString &key)
     return flagText(!key.trimmed().isEmpty());
 }
 
+QString hotKeyTaken(const HotKeyConfig &hotKey, const QString &owner)
+{
+    return u"快捷键 %1 已被桌面占用（%2），现在按它不会开始录音。\n\n请在“开始使用”页换一个"
+           "快捷键，或先在系统设置的键盘快捷键中释放它，再重新启动 Wrenfold。"_s.arg(
+               hotKey.displayName, owner);
+}
+
 QString keyFlags(const AppConfig &config)
 {
     return "doubaoKeySet="_L1 + keyFlag(config.volcengine.apiKey) + " deepSeekKeySet="_L1
@@ -121,6 +128,7 @@ void AppDelegate::applicationWillTerminate()
     m_http.close();
     m_session.terminate();
     m_tasks.waitForDone();
+    m_globalHotKeys.removeHotKeys();
     m_backends.clipboard->handOver();
     if (m_mainWindowController)
         m_mainWindowController->keepSize();
@@ -185,10 +193,12 @@ void AppDelegate::handleInstanceCommand(InstanceCommand command)
         handleDuplicateLaunchRequest();
         break;
     case InstanceCommand::ToggleRecording:
-        m_mainQueue.post([this] { m_session.toggleRecording(); });
+        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Main))
+            m_mainQueue.post([this] { m_session.toggleRecording(); });
         break;
     case InstanceCommand::CancelRecording:
-        m_mainQueue.post([this] { m_session.cancelRecording(); });
+        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Escape))
+            m_mainQueue.post([this] { m_session.cancelRecording(); });
         break;
     case InstanceCommand::Quit:
         QCoreApplication::quit();
@@ -347,6 +357,8 @@ GlobalHotKeys::Callbacks AppDelegate::hotKeyCallbacks()
         .cancelRecording = [this] { m_session.cancelRecording(); },
         .setToolTip = [this](const QString &text) { m_statusMenu.setToolTip(text); },
         .isKeyboardHeld = [this] { return m_backends.keyboard->isHeldByAnother(); },
+        .refused = [this](const HotKeyConfig &hotKey,
+                          const QString &owner) { showAlert(hotKeyTaken(hotKey, owner), [] {}); },
     };
 }
 

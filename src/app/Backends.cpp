@@ -2,11 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "Backends.h"
 
+#include "AccessibleFocus.h"
 #include "DBusColorSchemeWatch.h"
 #include "DBusSessionLock.h"
 #include "DBusTrayHostWatch.h"
 #include "Farewell.h"
+#include "GnomeHotKeyRegistrar.h"
+#include "GnomeModule.h"
+#include "GnomeSyntheticKeyboard.h"
 #include "MicrophonePermissionStore.h"
+#include "MutterRemoteKeyboard.h"
 #include "NoHotKeys.h"
 #include "PulseAudioSystem.h"
 #include "SwayFocus.h"
@@ -41,6 +46,22 @@ Backends commonBackends()
     return backends;
 }
 
+// On GNOME's Wayland our windows are X windows, but what the user works in need not be one.
+void reachBeyondX(Backends &backends, X11InputConnection &input)
+{
+    auto keybindings = GnomeModule::openKeybindings();
+    if (!keybindings || !MutterRemoteKeyboard::isThere())
+        return;
+    backends.hotKeys = std::make_unique<GnomeHotKeyRegistrar>(std::move(keybindings), input);
+    backends.modifiers.reset();
+    backends.usesXWayland = false;
+    backends.keyboard =
+        std::make_unique<GnomeSyntheticKeyboard>(input, &focusedApplicationByAccessibility);
+    backends.summary = u"Wayland session. hotKeys=GNOME settings escape=GNOME settings "
+                       "keys=XTEST, Mutter clipboard=XWayland overlay=XWayland "
+                       "focus=XWayland, accessibility bus"_s;
+}
+
 Backends backendsOfX11()
 {
     const auto input = std::make_shared<X11InputConnection>();
@@ -57,6 +78,7 @@ Backends backendsOfX11()
     backends.keyCharacters = &charactersTypedBy;
     backends.usesXWayland = WaylandSession::isCurrent();
     backends.summary = u"Desktop: X11."_s;
+    reachBeyondX(backends, *input);
     return backends;
 }
 

@@ -14,9 +14,8 @@
 #include "TrayHostWatch.h"
 #include "WaylandDesktop.h"
 
-#include <QString>
-
 #include <QRect>
+#include <QString>
 
 #include <functional>
 #include <memory>

@@ -24,6 +24,11 @@ GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
 
 GlobalHotKeys::~GlobalHotKeys()
 {
+    removeHotKeys();
+}
+
+void GlobalHotKeys::removeHotKeys()
+{
     removeModifierHotKeyMonitor();
     m_registrar.unregisterHotKey(HotKeyId::Main);
     m_registrar.unregisterHotKey(HotKeyId::Escape);
@@ -71,10 +76,15 @@ bool GlobalHotKeys::takeCombination(const HotKeyConfig &hotKey)
 {
     const int status = m_registrar.registerHotKey(HotKeyId::Main, hotKey.keyCode, hotKey.modifiers);
     m_combination = status == 0 ? std::optional(hotKey) : std::nullopt;
-    if (status != 0)
-        AppLogger::error("Hotkey registration failed. displayName="_L1 + hotKey.displayName
-                         + " status="_L1 + QString::number(status));
-    return status == 0;
+    if (status == 0)
+        return true;
+    AppLogger::error("Hotkey registration failed. displayName="_L1 + hotKey.displayName
+                     + " status="_L1 + QString::number(status));
+    if (const auto owner = m_registrar.takenBy(); !owner.isEmpty()) {
+        AppLogger::warning("The desktop has this hotkey itself. owner="_L1 + owner);
+        m_callbacks.refused(hotKey, owner);
+    }
+    return false;
 }
 
 void GlobalHotKeys::suspendHotKey()

@@ -28,6 +28,8 @@ public:
         std::function<void(const QString &)> setToolTip;
         // Whether another program holds the keyboard: its keys are none of ours then.
         std::function<bool()> isKeyboardHeld;
+        // The combination belongs to somebody else, as the desktop says.
+        std::function<void(const HotKeyConfig &, const QString &owner)> refused;
     };
 
     // Without a monitor the registrar takes modifier keys on their own too.
@@ -52,6 +54,8 @@ public:
     void suspendHotKey();
     // Takes the combination back; that it cannot be had any more is logged and leaves none.
     void resumeHotKey();
+    // Gives everything back, for good.
+    void removeHotKeys();
     // Makes Escape cancel the recording; that it cannot be had is ignored: it does not cancel then.
     void registerEscapeCancelHotKey();
     void unregisterEscapeCancelHotKey();

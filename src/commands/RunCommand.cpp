@@ -6,6 +6,7 @@
 #include "Autostart.h"
 #include "CommandLine.h"
 #include "FileError.h"
+#include "GnomeModule.h"
 #include "InstanceChannel.h"
 #include "Version.h"
 
@@ -96,6 +97,17 @@ bool takesDesktop(Command command)
         || command == Command::Check || command == Command::CheckOnline;
 }
 
+// An instance that crashed while it recorded may have left Escape to us on the whole desktop.
+InstanceAnswer cancel()
+{
+    const auto answer = InstanceChannel::ask(InstanceCommand::CancelRecording);
+    const auto keybindings =
+        answer == InstanceAnswer::NotRunning ? GnomeModule::openKeybindings() : nullptr;
+    if (keybindings)
+        keybindings->removeAll();
+    return answer;
+}
+
 std::optional<int> dispatch(Command command)
 {
     switch (command) {
@@ -104,7 +116,7 @@ std::optional<int> dispatch(Command command)
     case Command::Toggle:
         return statusOf(InstanceChannel::ask(InstanceCommand::ToggleRecording));
     case Command::Cancel:
-        return statusOf(InstanceChannel::ask(InstanceCommand::CancelRecording));
+        return statusOf(cancel());
     case Command::Quit:
         return statusOf(InstanceChannel::askToQuit());
     case Command::AutostartOn:

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 #include <functional>
 
@@ -33,4 +33,10 @@ public:
     [[nodiscard]] virtual int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) = 0;
     // Gives the combination back; does nothing when the id is not registered.
     virtual void unregisterHotKey(HotKeyId id) = 0;
+    // Who has the combination that was refused last, in the desktop's words; empty where it does
+    // not tell.
+    [[nodiscard]] virtual QString takenBy() const;
+    // Whether a press that another process reports, as a desktop has it do for a combination, is
+    // one: false for the repeats of a key that is held.
+    [[nodiscard]] virtual bool acceptsReportedPress(HotKeyId id);
 };

@@ -24,3 +24,13 @@ OverlaySurface::~OverlaySurface() = default;
 SessionLock::~SessionLock() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
 TrayHostWatch::~TrayHostWatch() = default;
+
+QString HotKeyRegistrar::takenBy() const
+{
+    return {};
+}
+
+bool HotKeyRegistrar::acceptsReportedPress(HotKeyId /*id*/)
+{
+    return true;
+}

@@ -40,7 +40,8 @@ protected:
                                  [this] { m_actions.emplace_back("toggle"); },
                                  [this] { m_actions.emplace_back("cancel"); },
                                  [this](const QString &text) { m_toolTip = text; },
-                                 [this] { return m_isKeyboardHeld; }});
+                                 [this] { return m_isKeyboardHeld; },
+                                 {}});
 };
 
 TEST_F(GlobalHotKeysTest, pressesRunAsWorkOfTheMainQueueInTheirOrder)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11FocusReturn.h"
 
+#include "X11ActiveWindow.h"
 #include "X11Reply.h"
 #include "X11RoundTrip.h"
 #include "X11Selections.h"
@@ -34,10 +35,12 @@ X11FocusReturn::X11FocusReturn()
         return;
     m_ownClient = xcb_get_setup(application)->resource_id_base;
     const quint32 wanted[] = {XCB_EVENT_MASK_PROPERTY_CHANGE};
-    const X11RoundTrip roundTrip(m_connection);
-    m_activeWindowAtom = X11Selections::atom(m_connection.get(), "_NET_ACTIVE_WINDOW");
-    xcb_change_window_attributes(
-        m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, wanted);
+    {
+        const X11RoundTrip roundTrip(m_connection);
+        m_activeWindowAtom = X11Selections::atom(m_connection.get(), "_NET_ACTIVE_WINDOW");
+        xcb_change_window_attributes(
+            m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, wanted);
+    }
     noteActiveWindow();
 }
 
@@ -66,21 +69,13 @@ void X11FocusReturn::handleEvent(const void *event)
     const auto *const change = static_cast<const xcb_property_notify_event_t *>(event);
     if ((change->response_type & 0x7f) != XCB_PROPERTY_NOTIFY || change->atom != m_activeWindowAtom)
         return;
-    const X11RoundTrip roundTrip(m_connection);
     noteActiveWindow();
 }
 
-// Within a round trip.
 void X11FocusReturn::noteActiveWindow()
 {
     auto *const server = m_connection.get();
-    const auto property = replyTo(
-        server,
-        xcb_get_property(server, 0, m_connection.root(), m_activeWindowAtom, XCB_ATOM_WINDOW, 0, 1),
-        xcb_get_property_reply);
-    if (!property || property->value_len != 1)
-        return;
-    const auto active = *static_cast<const quint32 *>(xcb_get_property_value(property.get()));
+    const auto active = activeWindow(m_connection);
     if (active != XCB_NONE && clientOf(server, active) != m_ownClient)
         m_previous = active;
 }

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "GnomeSyntheticKeyboard.h"
+
+#include "KeyCodes.h"
+#include "MutterRemoteKeyboard.h"
+#include "PasteChordTable.h"
+#include "X11ActiveWindow.h"
+#include "X11InputConnection.h"
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include <linux/input-event-codes.h>
+
+GnomeSyntheticKeyboard::GnomeSyntheticKeyboard(X11InputConnection &input,
+                                               FocusedApplication::Finder focused)
+    : m_input(input)
+    , m_x11(input)
+    , m_focused(std::move(focused))
+{}
+
+GnomeSyntheticKeyboard::~GnomeSyntheticKeyboard() = default;
+
+bool GnomeSyntheticKeyboard::isHeldByAnother()
+{
+    return !isBeyondX() && m_x11.isHeldByAnother();
+}
+
+// Which selection a program reads that nobody knows is not known either: this chord is right for
+// terminals and for others, as both selections hold the text then.
+std::optional<PasteChord> GnomeSyntheticKeyboard::pasteChordOfFocusedWindow()
+{
+    if (!isBeyondX())
+        return m_x11.pasteChordOfFocusedWindow();
+    const auto names = m_focused().names;
+    return names.isEmpty() || !keyTyping(XKB_KEY_v) ? PasteChord::ShiftInsert : pasteChordOf(names);
+}
+
+bool GnomeSyntheticKeyboard::post(PasteChord chord)
+{
+    if (!isBeyondX())
+        return m_x11.post(chord);
+    if (chord == PasteChord::ShiftInsert)
+        return MutterRemoteKeyboard::tap({KEY_LEFTSHIFT, KEY_INSERT});
+    const auto key = keyTyping(XKB_KEY_v);
+    return key && MutterRemoteKeyboard::tap({KEY_LEFTCTRL, *key});
+}
+
+bool GnomeSyntheticKeyboard::isBeyondX()
+{
+    return activeWindow(m_input.connection()) == 0;
+}
+
+std::optional<quint32> GnomeSyntheticKeyboard::keyTyping(quint32 symbol)
+{
+    const auto map = X11KeyboardMap::read(m_input.connection());
+    const auto key = map ? map->keyTyping(symbol) : std::nullopt;
+    return key ? std::optional(*key - KeyCodes::displayOffset) : std::nullopt;
+}

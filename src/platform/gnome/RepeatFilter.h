@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "KeyRepeat.h"
+
+#include <chrono>
+
+// Tells presses from the repeats of a key that is held, where both arrive alike: the first repeat
+// comes when the desktop's delay is over, the others close behind.
+class RepeatFilter final
+{
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    // Whether what arrives now is a press.
+    [[nodiscard]] bool isPress(Time now, const KeyRepeat &repeat);
+
+private:
+    Time m_lastArrival;
+    Time m_lastPress;
+};

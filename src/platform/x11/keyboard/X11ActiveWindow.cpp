@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#include "X11ActiveWindow.h"
+
+#include "X11Reply.h"
+#include "X11RoundTrip.h"
+#include "X11Selections.h"
+
+#include <xcb/xcb.h>
+
+quint32 activeWindow(X11Connection &connection)
+{
+    auto *const server = connection.get();
+    const X11RoundTrip roundTrip(connection);
+    const auto atom = X11Selections::atom(server, "_NET_ACTIVE_WINDOW");
+    const auto property =
+        replyTo(server,
+                xcb_get_property(server, 0, connection.root(), atom, XCB_ATOM_WINDOW, 0, 1),
+                xcb_get_property_reply);
+    if (!property || property->value_len != 1)
+        return XCB_NONE;
+    return *static_cast<const quint32 *>(xcb_get_property_value(property.get()));
+}
