@@ -57,6 +57,7 @@ void reachBeyondX(Backends &backends, X11InputConnection &input)
     backends.usesXWayland = false;
     backends.keyboard =
         std::make_unique<GnomeSyntheticKeyboard>(input, &focusedApplicationByAccessibility);
+    backends.clipboard = std::make_unique<X11Clipboard>(X11Clipboard::Reach::XWayland);
     backends.summary = u"Wayland session. hotKeys=GNOME settings escape=GNOME settings "
                        "keys=XTEST, Mutter clipboard=XWayland overlay=XWayland "
                        "focus=XWayland, accessibility bus"_s;

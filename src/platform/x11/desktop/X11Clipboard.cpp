@@ -10,6 +10,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <utility>
+
 #include <xcb/xcb.h>
 
 namespace {
@@ -43,18 +45,17 @@ bool place(const QString &text, QClipboard::Mode mode, const std::function<void(
     return QGuiApplication::clipboard()->mimeData(mode) == data;
 }
 
-// Whether the window belongs to the client that has the keyboard focus.
-bool isOfFocusedClient(xcb_connection_t *connection, xcb_window_t window)
+// Whether both windows belong to one client.
+bool areOfOneClient(xcb_connection_t *connection, xcb_window_t one, xcb_window_t other)
 {
-    const auto focus =
-        replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
     const auto clientBits = ~xcb_get_setup(connection)->resource_id_mask;
-    return focus && (focus->focus & clientBits) == (window & clientBits);
+    return (one & clientBits) == (other & clientBits);
 }
 
 } // namespace
 
-X11Clipboard::X11Clipboard()
+X11Clipboard::X11Clipboard(Reach reach)
+    : m_reach(reach)
 {
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
@@ -64,6 +65,7 @@ X11Clipboard::~X11Clipboard() = default;
 bool X11Clipboard::offer(const QString &text, ClipboardSelections selections, FetchHandler fetched)
 {
     m_fetched = std::move(fetched);
+    m_isKeptByCompositor = false;
     const auto given = [this, alive = std::weak_ptr(m_lifetime)] {
         if (!alive.expired())
             noteGiven();
@@ -83,14 +85,31 @@ bool X11Clipboard::nativeEventFilter(const QByteArray &, void *message, qintptr 
     const auto *const request = static_cast<const xcb_selection_request_event_t *>(message);
     auto *const connection = X11Selections::applicationConnection();
     if (m_fetched && connection != nullptr
-        && (request->response_type & 0x7f) == XCB_SELECTION_REQUEST)
-        m_isFocusedClientAsking = isOfFocusedClient(connection, request->requestor);
+        && (request->response_type & 0x7f) == XCB_SELECTION_REQUEST) {
+        const auto focus =
+            replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
+        m_isFocusBeyondX = focus && focus->focus == XCB_NONE && m_reach == Reach::XWayland;
+        m_isFocusedClientAsking =
+            focus && areOfOneClient(connection, focus->focus, request->requestor);
+        m_isPrimaryWanted = request->selection == XCB_ATOM_PRIMARY;
+    }
     return false;
 }
 
 // Qt gives the text away right after the request, to a window of our own without one.
 void X11Clipboard::noteGiven()
 {
-    if (m_fetched && (m_isFocusedClientAsking || QGuiApplication::focusWindow() != nullptr))
+    if (!m_fetched)
+        return;
+    const bool isFetch = m_isFocusBeyondX
+        ? isForProgramBeyondX()
+        : m_isFocusedClientAsking || QGuiApplication::focusWindow() != nullptr;
+    if (isFetch)
         m_fetched();
+}
+
+// The compositor asks for its programs, and once for itself, to keep the text; not the primary one.
+bool X11Clipboard::isForProgramBeyondX()
+{
+    return m_isPrimaryWanted || std::exchange(m_isKeptByCompositor, true);
 }

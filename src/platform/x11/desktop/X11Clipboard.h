@@ -8,11 +8,16 @@
 
 #include <memory>
 
-// The clipboard and the primary selection of X11. Who fetches is known by the window that asks.
+// The clipboard and the primary selection of X11. Who fetches is known by the window that asks;
+// under XWayland the compositor asks for the programs of Wayland, and only for the one with the
+// focus.
 class X11Clipboard final : public Clipboard, private QAbstractNativeEventFilter
 {
 public:
-    X11Clipboard();
+    // The programs that share these selections.
+    enum class Reach { X, XWayland };
+
+    explicit X11Clipboard(Reach reach = Reach::X);
     ~X11Clipboard() override;
 
     [[nodiscard]] bool
@@ -23,9 +28,16 @@ private:
     bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
 
     void noteGiven();
+    [[nodiscard]] bool isForProgramBeyondX();
 
+    const Reach m_reach;
     FetchHandler m_fetched;
+    // Of the request that is being answered.
     bool m_isFocusedClientAsking = false;
+    bool m_isFocusBeyondX = false;
+    bool m_isPrimaryWanted = false;
+    // The compositor has the text of this offer.
+    bool m_isKeptByCompositor = false;
     // Gone with this object, which what it has offered may outlive.
     std::shared_ptr<char> m_lifetime = std::make_shared<char>();
 };
