@@ -8,11 +8,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Repeats come every 30 ms as a rule, each by a process that the machine may be slow to start.
+// Repeats come every 30 ms as a rule, each by a process that a busy machine is slow to start.
 constexpr auto longestGap = 250ms;
-// How far the first one may be from the end of the delay, for the same reason.
+// The same once a key is known to be held: nobody lets go of it and presses it again so soon.
+constexpr auto longestGapWhileHeld = 800ms;
+// How far the first one may be from the end of the delay.
 constexpr auto earliest = -100ms;
-constexpr auto latest = 250ms;
+constexpr auto latest = 400ms;
 
 } // namespace
 
@@ -20,9 +22,10 @@ bool RepeatFilter::isPress(Time now, const KeyRepeat &repeat)
 {
     const auto sinceArrival = now - std::exchange(m_lastArrival, now);
     const auto pastDelay = now - m_lastPress - repeat.delay;
-    const bool isRepeat = sinceArrival < longestGap || (pastDelay > earliest && pastDelay < latest);
-    if (repeat.isOn && isRepeat)
-        return false;
-    m_lastPress = now;
-    return true;
+    const bool isFirst = pastDelay > earliest && pastDelay < latest;
+    const auto gap = m_isHeld ? longestGapWhileHeld : longestGap;
+    m_isHeld = repeat.isOn && (isFirst || sinceArrival < gap);
+    if (!m_isHeld)
+        m_lastPress = now;
+    return !m_isHeld;
 }

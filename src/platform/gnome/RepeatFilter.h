@@ -19,4 +19,5 @@ public:
 private:
     Time m_lastArrival;
     Time m_lastPress;
+    bool m_isHeld = false; // as far as known: its repeats have been seen
 };

@@ -30,8 +30,10 @@ TEST(RepeatFilter, TellsPressesFromWhatAHeldKeyRepeats)
     const KeyRepeat usual{true, 500ms};
     EXPECT_THAT(pressesOf({0ms, 1500ms, 3000ms}, usual), ElementsAre(0ms, 1500ms, 3000ms));
     EXPECT_THAT(pressesOf({0ms, 300ms}, usual), ElementsAre(0ms, 300ms));
-    EXPECT_THAT(pressesOf({0ms, 520ms, 550ms, 610ms, 800ms, 830ms, 1900ms}, usual),
-                ElementsAre(0ms, 1900ms));
+    EXPECT_THAT(pressesOf({0ms, 520ms, 550ms, 610ms, 1300ms, 1330ms, 2200ms}, usual),
+                ElementsAre(0ms, 2200ms));
+    EXPECT_THAT(pressesOf({0ms, 20ms, 300ms}, usual), ElementsAre(0ms));
+    EXPECT_THAT(pressesOf({0ms, 950ms}, usual), ElementsAre(0ms, 950ms));
     EXPECT_THAT(pressesOf({0ms, 280ms, 310ms, 340ms}, {true, 250ms}), ElementsAre(0ms));
     EXPECT_THAT(pressesOf({0ms, 20ms, 500ms}, {false, 500ms}), ElementsAre(0ms, 20ms, 500ms));
 }
