@@ -7,11 +7,10 @@
 #include "GettingStartedPage.h"
 #include "HistoryPage.h"
 #include "MainWindow.h"
+#include "UnusedMemory.h"
 
 #include <QPixmapCache>
 #include <QScreen>
-
-#include <malloc.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -129,5 +128,5 @@ void MainWindowController::release()
     m_window.reset();
     m_tutorialWindowController.release();
     QPixmapCache::clear();
-    malloc_trim(0); // what is free inside the heap goes back too
+    releaseUnusedMemory();
 }
