@@ -125,10 +125,10 @@ void AppDelegate::applicationWillTerminate()
     if (std::exchange(m_hasTerminated, true))
         return;
     m_mainQueue.close();
+    m_globalHotKeys.giveBack();
     m_http.close();
     m_session.terminate();
     m_tasks.waitForDone();
-    m_globalHotKeys.removeHotKeys();
     m_backends.clipboard->handOver();
     if (m_mainWindowController)
         m_mainWindowController->keepSize();

@@ -84,10 +84,11 @@ Backends backendsOfX11()
 }
 
 // Null when nothing lets us hear a key everywhere.
-std::unique_ptr<HotKeyRegistrar> makeHotKeys(bool isSway)
+std::unique_ptr<HotKeyRegistrar> makeHotKeys(bool isSway,
+                                             const std::function<QString(quint32)> &keyCharacters)
 {
     if (isSway)
-        return std::make_unique<SwayHotKeyRegistrar>();
+        return std::make_unique<SwayHotKeyRegistrar>(keyCharacters);
     return std::make_unique<NoHotKeys>();
 }
 
@@ -101,10 +102,10 @@ Backends backendsOf(const std::shared_ptr<WaylandDesktop> &desktop)
     backends.keyboard =
         desktop->makeKeyboard(isSway ? &focusedApplicationInSway : FocusedApplication::Finder());
     backends.overlay = desktop->makeOverlay();
-    backends.hotKeys = makeHotKeys(isSway);
     backends.hasCompositor = [] { return true; };
     backends.workArea = [](const QScreen &screen) { return screen.availableGeometry(); };
     backends.keyCharacters = [desktop](quint32 key) { return desktop->charactersTypedBy(key); };
+    backends.hotKeys = makeHotKeys(isSway, backends.keyCharacters);
     backends.summary = "Desktop: Wayland. hotkey="_L1 + (isSway ? "sway"_L1 : "none"_L1)
         + QLatin1Char(' ') + desktop->summary();
     return backends;

@@ -24,15 +24,15 @@ GlobalHotKeys::GlobalHotKeys(HotKeyRegistrar &registrar,
 
 GlobalHotKeys::~GlobalHotKeys()
 {
-    removeHotKeys();
+    giveBack();
+    m_registrar.setHandler({});
 }
 
-void GlobalHotKeys::removeHotKeys()
+void GlobalHotKeys::giveBack()
 {
     removeModifierHotKeyMonitor();
     m_registrar.unregisterHotKey(HotKeyId::Main);
     m_registrar.unregisterHotKey(HotKeyId::Escape);
-    m_registrar.setHandler({});
 }
 
 void GlobalHotKeys::installHotKeyHandler()

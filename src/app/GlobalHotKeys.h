@@ -43,6 +43,8 @@ public:
 
     // Installs the handler of hotkey presses, once.
     void installHotKeyHandler();
+    // Leaves every key to the desktop: some keep what a program that has ended had taken.
+    void giveBack();
     // Puts the configured hotkey in the place of the one before. A combination that cannot be had
     // is logged and leaves none.
     void registerHotKey();
@@ -54,8 +56,6 @@ public:
     void suspendHotKey();
     // Takes the combination back; that it cannot be had any more is logged and leaves none.
     void resumeHotKey();
-    // Gives everything back, for good.
-    void removeHotKeys();
     // Makes Escape cancel the recording; that it cannot be had is ignored: it does not cancel then.
     void registerEscapeCancelHotKey();
     void unregisterEscapeCancelHotKey();

@@ -4,14 +4,17 @@
 
 #include "KeyCodes.h"
 #include "ModifierKeys.h"
+#include "SwayConfiguration.h"
+#include "SwayKeyNames.h"
+#include "SwayLeftBindings.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int taken = 10;
 constexpr int noSuchKey = 2;
 constexpr int noHotKeys = -1;
 constexpr auto ours = "nop wrenfold "_L1;
@@ -31,15 +34,10 @@ QByteArray combination(quint32 kernelCode, quint32 keyCode, quint32 modifiers)
     return text + QByteArray::number(kernelCode + KeyCodes::displayOffset);
 }
 
-bool run(const QByteArray &command)
-{
-    const auto answers = SwaySocket::ask(SwayMessage::RunCommand, command).array();
-    return !answers.isEmpty() && answers[0]["success"_L1].toBool();
-}
-
 } // namespace
 
-SwayHotKeyRegistrar::SwayHotKeyRegistrar()
+SwayHotKeyRegistrar::SwayHotKeyRegistrar(KeyCharacters keyCharacters)
+    : m_keyCharacters(std::move(keyCharacters))
 {
     m_events.send(SwayMessage::Subscribe, R"(["binding","workspace"])");
     m_events.listen(
@@ -54,16 +52,22 @@ SwayHotKeyRegistrar::~SwayHotKeyRegistrar()
 
 int SwayHotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers)
 {
+    // Not earlier: a launch that finds another instance running touches nothing.
+    if (!std::exchange(m_isSwept, true))
+        SwayLeftBindings::sweep();
     unregisterHotKey(id);
     const auto kernelCode = KeyCodes::kernelCode(keyCode);
     if (!kernelCode)
         return noSuchKey;
+    if (isTaken(keyCode, modifiers))
+        return taken;
     const auto keys = combination(*kernelCode, keyCode, modifiers);
-    if (!run("bindcode --no-repeat " + keys + ' ' + ours.latin1()
-             + QByteArray::number(static_cast<int>(id))))
-        return noHotKeys;
     m_combinations[id] = keys;
-    return 0;
+    rememberBindings();
+    if (bind(id, keys))
+        return 0;
+    unregisterHotKey(id);
+    return noHotKeys;
 }
 
 void SwayHotKeyRegistrar::unregisterHotKey(HotKeyId id)
@@ -71,12 +75,42 @@ void SwayHotKeyRegistrar::unregisterHotKey(HotKeyId id)
     const auto known = m_combinations.find(id);
     if (known == m_combinations.end())
         return;
-    run("unbindcode --no-repeat " + known->second);
+    SwaySocket::run("unbindcode " + known->second);
     m_combinations.erase(known);
+    rememberBindings();
+}
+
+bool SwayHotKeyRegistrar::bind(HotKeyId id, const QByteArray &keys)
+{
+    return SwaySocket::run("bindcode --no-repeat " + keys + ' ' + ours.latin1()
+                           + QByteArray::number(static_cast<int>(id)));
+}
+
+bool SwayHotKeyRegistrar::isTaken(quint32 keyCode, quint32 modifiers) const
+{
+    const auto text = SwaySocket::ask(SwayMessage::GetConfig)["config"_L1].toString();
+    const auto version = SwaySocket::ask(SwayMessage::GetVersion);
+    const QFileInfo file(version["loaded_config_file_name"_L1].toString());
+    const bool isModifier = ModifierKeys::find(keyCode) != nullptr;
+    return SwayConfiguration(text, file.path())
+        .binds(swayKeyNames(keyCode, m_keyCharacters(keyCode)), isModifier ? 0 : modifiers);
+}
+
+// What is bound survives us; should we crash, the next run finds it here.
+void SwayHotKeyRegistrar::rememberBindings() const
+{
+    QByteArrayList bindings;
+    for (const auto &[id, keys] : m_combinations)
+        bindings << keys;
+    SwayLeftBindings::remember(bindings);
 }
 
 void SwayHotKeyRegistrar::handleEvent(SwayMessage kind, const QJsonDocument &event)
 {
+    // A configuration that is read again knows nothing of our bindings.
+    if (kind == SwayMessage::WorkspaceEvent && event["change"_L1].toString() == "reload"_L1)
+        for (const auto &[id, keys] : m_combinations)
+            static_cast<void>(bind(id, keys));
     const auto command = event["binding"_L1]["command"_L1].toString();
     if (kind != SwayMessage::BindingEvent || !command.startsWith(ours) || !m_handler)
         return;

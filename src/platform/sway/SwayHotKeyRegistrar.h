@@ -10,11 +10,14 @@
 #include <map>
 
 // Hotkeys as key bindings of sway's, made at run time by the keys' positions. They do nothing but
-// tell us.
+// tell us. A combination that the user's configuration binds is refused as taken.
 class SwayHotKeyRegistrar final : public HotKeyRegistrar
 {
 public:
-    SwayHotKeyRegistrar();
+    // What a key types without modifiers on the user's keyboard, by its virtual key code.
+    using KeyCharacters = std::function<QString(quint32 keyCode)>;
+
+    explicit SwayHotKeyRegistrar(KeyCharacters keyCharacters);
     ~SwayHotKeyRegistrar() override;
 
     void setHandler(Handler handler) override { m_handler = std::move(handler); }
@@ -22,9 +25,14 @@ public:
     void unregisterHotKey(HotKeyId id) override;
 
 private:
+    [[nodiscard]] bool isTaken(quint32 keyCode, quint32 modifiers) const;
+    [[nodiscard]] static bool bind(HotKeyId id, const QByteArray &keys);
     void handleEvent(SwayMessage kind, const QJsonDocument &event);
+    void rememberBindings() const;
 
+    KeyCharacters m_keyCharacters;
     SwaySocket m_events;
     Handler m_handler;
     std::map<HotKeyId, QByteArray> m_combinations; // as sway's commands name them
+    bool m_isSwept = false; // of what an earlier run has left
 };

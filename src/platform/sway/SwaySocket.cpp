@@ -3,9 +3,13 @@
 #include "SwaySocket.h"
 
 #include <QDeadlineTimer>
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <array>
 #include <cstring>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,6 +34,11 @@ QJsonDocument SwaySocket::ask(SwayMessage question, const QByteArray &payload)
         return {};
     socket.send(question, payload);
     return socket.receive().value_or(QJsonDocument());
+}
+
+bool SwaySocket::run(const QByteArray &command)
+{
+    return ask(SwayMessage::RunCommand, command)[0]["success"_L1].toBool();
 }
 
 SwaySocket::SwaySocket()

@@ -13,6 +13,7 @@ enum class SwayMessage : quint32 {
     RunCommand = 0,
     Subscribe = 2,
     GetTree = 4,
+    GetVersion = 7,
     GetConfig = 9,
     WorkspaceEvent = 0x80000000,
     BindingEvent = 0x80000005,
@@ -29,6 +30,9 @@ public:
     // Asks on a connection of its own and waits for the answer, half a second at most; null when
     // there is none. Any thread.
     [[nodiscard]] static QJsonDocument ask(SwayMessage question, const QByteArray &payload = {});
+
+    // Has a command run; false when sway refuses it.
+    static bool run(const QByteArray &command);
 
     SwaySocket();
 

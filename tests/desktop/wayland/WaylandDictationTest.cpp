@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "AppConfig.h"
 #include "HistoryStore.h"
 #include "Process.h"
 #include "ScriptedServices.h"
@@ -10,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
 #include <gtest/gtest.h>
 
 #include <linux/input-event-codes.h>
@@ -18,6 +20,9 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
+
+// Keeps what it is given, a line at a time.
+const QString terminal = u"foot -- sh -c \"cat > %1\""_s;
 
 const std::vector<int> hotKey{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_SPACE};
 const QString spoken = u"我们今天 ship 新版本 🚀\n下一步 review。"_s;
@@ -41,7 +46,8 @@ protected:
         QFile::remove(file);
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.startCommand(editor.command.arg(file));
-        ASSERT_TRUE(taps(editor.save, [&] { return saved() == editor.before; }));
+        ASSERT_TRUE(taps(editor.save,
+                         [&] { return QFile::exists(file) && saved().startsWith(editor.before); }));
     }
 
     // Taps the keys until the condition holds: a key too early is rightly ignored.
@@ -55,9 +61,28 @@ protected:
             20s);
     }
 
-    void press(const QString &text, qsizetype times = 1)
+    // Sets the hotkey and starts the application anew.
+    void launch(const HotKeyConfig &chosen = {})
     {
-        ASSERT_TRUE(taps(hotKey, [&] { return WrenfoldApplication::waitForLog(text, times, 0s); }));
+        services.configure();
+        auto config = AppConfig::loadOrCreateTemplate().config;
+        config.hotKey = chosen;
+        AppConfig::save(config);
+        application.reset();
+        application = WrenfoldApplication::launch();
+        closeWindow();
+    }
+
+    // The application's own window, which takes the focus when it comes.
+    static void closeWindow()
+    {
+        const auto close = u"swaymsg '[app_id=local.wrenfold] kill'"_s;
+        EXPECT_TRUE(waitUntil([&] { return runCommand(close).exitCode == 0; }));
+    }
+
+    void press(const QString &text, qsizetype times = 1, const std::vector<int> &keys = hotKey)
+    {
+        ASSERT_TRUE(taps(keys, [&] { return WrenfoldApplication::waitForLog(text, times, 0s); }));
     }
 
     void dictate(qsizetype times = 1)
@@ -73,6 +98,19 @@ protected:
         return content.open(QIODevice::ReadOnly) ? QString::fromUtf8(content.readAll()) : u"none"_s;
     }
 
+    // Whether Escape comes to the terminal that has the focus, as a line of its own.
+    [[nodiscard]] bool escapeReachesTheTerminal()
+    {
+        const auto before = saved().size();
+        return waitUntil(
+            [&] {
+                keyboard.tap({KEY_ESC});
+                keyboard.tap({KEY_ENTER});
+                return waitUntil([&] { return saved().mid(before).contains(u'\x1b'); }, 200ms);
+            },
+            2s);
+    }
+
     const QString file = QDir::home().filePath(u"text.txt"_s);
     SessionKeyboard keyboard;
     ScriptedServices services{{u"--transcript"_s, u"嗯"_s, u"--polished"_s, spoken}};
@@ -82,10 +120,9 @@ protected:
 
 TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
 {
-    services.configure();
-    application = WrenfoldApplication::launch();
+    launch();
     const Editor editors[] = {{u"mousepad --disable-server %1"_s, {KEY_LEFTCTRL, KEY_S}, {}},
-                              {u"foot -- sh -c \"cat > %1\""_s, {KEY_ENTER}, u"\n"_s}};
+                              {terminal, {KEY_ENTER}, u"\n"_s}};
     for (qsizetype times = 1; const auto &editor : editors) {
         open(editor);
         dictate(times++);
@@ -97,4 +134,35 @@ TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
     EXPECT_EQ(HistoryStore().items().constFirst().polished, spoken);
     const auto paste = u"timeout 5 wl-paste --no-newline"_s;
     EXPECT_EQ(QString::fromUtf8(runCommand(paste).output), spoken);
+}
+
+TEST_F(WaylandDictation, EscapeIsOursOnlyWhileRecordingAndNotAfterACrash)
+{
+    launch();
+    open({terminal, {KEY_ENTER}, u"\n"_s});
+    EXPECT_TRUE(escapeReachesTheTerminal());
+    press(u"Recording started."_s);
+    press(u"Recording cancelled."_s, 1, {KEY_ESC});
+    EXPECT_TRUE(escapeReachesTheTerminal());
+    press(u"Recording started."_s, 2);
+    const auto bound = u"wc -l $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings"_s; // two: one break
+    EXPECT_TRUE(waitUntil([&] { return runCommand(bound).output.startsWith('1'); }));
+    EXPECT_EQ(application->end(SIGKILL), -1);
+    EXPECT_FALSE(escapeReachesTheTerminal());
+    launch();
+    EXPECT_TRUE(escapeReachesTheTerminal());
+    press(u"Recording started."_s);
+    EXPECT_EQ(application->end(SIGTERM), 0);
+    EXPECT_TRUE(escapeReachesTheTerminal());
+}
+
+TEST_F(WaylandDictation, AModifierKeyOnItsOwnIsTakenOnItsSideAlone)
+{
+    launch({61, 0x800, u"右⌥"_s});
+    keyboard.tap({KEY_LEFTALT});
+    keyboard.tap({KEY_RIGHTALT});
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Recording started."_s));
+    keyboard.tap({KEY_LEFTALT});
+    keyboard.tap({KEY_RIGHTALT});
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Recording stopped."_s));
 }

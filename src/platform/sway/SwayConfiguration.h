@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Wrenfold authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <set>
+
+// The key bindings of the default mode that a sway configuration makes.
+class SwayConfiguration final
+{
+public:
+    // Reads a configuration and what it includes; relative paths start in `folder`.
+    SwayConfiguration(const QString &text, const QString &folder);
+
+    // Whether one of these keys, by any of the names the configuration may have for it (symbols, or
+    // a key code), is bound with exactly these modifiers, a mask of StoredModifier bits.
+    [[nodiscard]] bool binds(const QStringList &keys, quint32 modifiers) const;
+
+private:
+    void read(const QString &text, int depth);
+    void readLine(QString line, int depth);
+    void include(const QString &pattern, int depth);
+    void readBinding(const QString &command, QStringList words);
+
+    QString m_folder;
+    std::map<QString, QString> m_variables;
+    QStringList m_blocks; // what the open braces belong to
+    std::set<std::pair<QString, quint32>> m_bindings; // in lower case, with modifiers
+};
