@@ -6,6 +6,7 @@
 #include "DataDirectory.h"
 #include "PromptLibrary.h"
 #include "SecureFile.h"
+#include "SystemDefaults.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +35,7 @@ AppConfig::LoadResult AppConfig::loadOrCreateTemplate()
     DataDirectory::create();
     if (DataDirectory::prepareFile(fileName))
         return {decodeAppConfig(SecureFile::read(configURL().toLocalFile())), false};
-    const AppConfig initial;
+    const auto initial = newConfigOfThisMachine();
     save(initial);
     return {initial, true};
 }

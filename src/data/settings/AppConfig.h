@@ -22,7 +22,8 @@ struct AppConfig
     [[nodiscard]] static QUrl configURL();
     [[nodiscard]] static QUrl legacyConfigURL();
 
-    // Reads the file, carrying a legacy one over once, or writes the template when there is none.
+    // Reads the file, carrying a legacy one over once, or writes the template, with what is set for
+    // all users of this machine, when there is none.
     // Throws LocalizedError on any failure; the file is then left as it is.
     [[nodiscard]] static LoadResult loadOrCreateTemplate();
     // Moves a file that could not be loaded out of the way of the next save, to

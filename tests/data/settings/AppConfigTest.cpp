@@ -89,6 +89,23 @@ TEST_F(AppConfigTest, TheFirstLoadWritesATemplateAndAllFilesAreMadePrivate)
     }
 }
 
+TEST_F(AppConfigTest, AnAdministratorsDefaultsFillANewFileAndNoOther)
+{
+    const auto defaults = u"xdg/wrenfold/defaults.json"_s;
+    qputenv("XDG_CONFIG_DIRS", "relative:" + m_home.path(u"xdg"_s).toUtf8());
+    m_home.write(defaults, R"({"deepSeek": {"baseURL": "https://polish.lan"}, "other": 1})");
+    AppConfig expected;
+    expected.deepSeek.baseURL = u"https://polish.lan"_s;
+    EXPECT_EQ(AppConfig::loadOrCreateTemplate().config, expected);
+    m_home.write(defaults, R"({"deepSeek": {"baseURL": 1}})");
+    EXPECT_EQ(AppConfig::loadOrCreateTemplate().config, expected);
+    // It may say where speech must not go: nothing is made up in its place.
+    ASSERT_TRUE(QFile::remove(m_home.path(configFile)));
+    EXPECT_THROW(load(), LocalizedError);
+    EXPECT_FALSE(QFile::exists(m_home.path(configFile)));
+    qunsetenv("XDG_CONFIG_DIRS");
+}
+
 TEST_F(AppConfigTest, SavingKeepsALinkEveryFieldAndTheSameBytesWithKeysSorted)
 {
     m_home.write(u"dotfiles/wrenfold.json"_s, "{}");
