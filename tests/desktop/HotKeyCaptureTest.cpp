@@ -70,13 +70,14 @@ protected:
     HotKeyConfig m_hotKey;
     int m_toggles = 0;
     GlobalHotKeys m_hotKeys{m_registrar,
-                            m_monitor,
+                            &m_monitor,
                             m_queue,
                             {[this]() -> const HotKeyConfig & { return m_hotKey; },
                              [this] { ++m_toggles; },
                              [] {},
                              [](const QString &) {},
-                             [] { return false; }}};
+                             [] { return false; },
+                             {}}};
     HotKeyCaptureButton m_button{&charactersTypedBy};
 };
 
