@@ -46,8 +46,12 @@ MicrophonePermission permissionIn(const QDBusMessage &reply)
 std::shared_ptr<MicrophonePermissionAnswer> MicrophonePermissionStore::request()
 {
     auto answer = std::make_shared<MicrophonePermissionAnswer>();
-    auto *watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(lookup()), qApp);
+    const auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) { // Qt never tells that such a call has finished
+        answer->give(MicrophonePermission::Authorized);
+        return answer;
+    }
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(lookup()), qApp);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [answer, watcher] {
         answer->give(permissionIn(watcher->reply()));
         watcher->deleteLater();
