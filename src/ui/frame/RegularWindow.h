@@ -10,6 +10,8 @@ class RegularWindow : public QWidget
 public:
     explicit RegularWindow(const QString &title);
 
+    // Gives back what a window that is closed was drawn on, until it is shown again.
+    void releaseSurface() { destroy(); }
     // Without its frame, and as it will be again when it is no longer maximised.
     [[nodiscard]] QSize ownSize() const;
     // Moves the window into the middle of its screen.

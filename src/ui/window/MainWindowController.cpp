@@ -125,7 +125,7 @@ void MainWindowController::windowClosed()
 
 void MainWindowController::release()
 {
-    m_window.reset();
+    m_window->releaseSurface();
     m_tutorialWindowController.release();
     QPixmapCache::clear();
     releaseUnusedMemory();

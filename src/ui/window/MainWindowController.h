@@ -24,8 +24,8 @@ class MainWindow;
 class MainWindowController final
 {
 public:
-    // Builds nothing yet: the window is built when it is shown, and gives its memory back a while
-    // after it was closed.
+    // Builds nothing yet: the window is built when it is first shown. A while after it was closed
+    // it gives back the memory that it does not need to be shown again at once.
     MainWindowController(MainQueue &queue,
                          HistoryStore &store,
                          HotKeyCaptureButton::KeyCharacters keyCharacters,

@@ -14,7 +14,6 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QScreen>
 #include <QTest>
 
@@ -276,10 +275,10 @@ TEST_F(MainWindowControllerTest, aRefreshDiscardsWhatWasNotSavedAndShowsWhatIsNe
     EXPECT_TRUE(describe(window()).contains(u"全新"_s));
 }
 
-TEST_F(MainWindowControllerTest, aClosedWindowIsReleasedAndComesBackAsLarge)
+TEST_F(MainWindowControllerTest, aClosedWindowGivesItsSurfaceBackAndComesBackAsLarge)
 {
     show(MainWindowPage::Clipboard);
-    const QPointer<QWidget> first = &window();
+    auto *const first = &window();
     first->resize(860, 700);
     for (const auto key : {Qt::Key_W, Qt::Key_Escape}) {
         QTest::keyClick(first, key, key == Qt::Key_W ? Qt::ControlModifier : Qt::NoModifier);
@@ -287,17 +286,17 @@ TEST_F(MainWindowControllerTest, aClosedWindowIsReleasedAndComesBackAsLarge)
         m_queue.advance(20s);
         m_store->add({}, u"更新"_s);
         m_controller->refreshIfVisible(usedConfig());
-        EXPECT_TRUE(first && !m_controller->hasVisibleWindow());
+        EXPECT_TRUE(first->windowHandle() && !m_controller->hasVisibleWindow());
         show(MainWindowPage::Clipboard);
     }
     EXPECT_TRUE(describe(window()).contains(u"更新"_s));
     m_queue.advance(20s); // the first closing is half a minute ago
     first->showMinimized();
     show(MainWindowPage::Clipboard);
-    EXPECT_TRUE(first && !first->isMinimized());
+    EXPECT_FALSE(first->isMinimized());
     first->close();
     m_queue.advance(30s);
-    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(first->windowHandle(), nullptr);
     show(MainWindowPage::Clipboard);
     EXPECT_EQ(window().size(), QSize(860, 700));
 }
