@@ -184,6 +184,32 @@ void ProcessBenchmark::measureIdle()
                    .goal = Measurement::Goal{.limit = 0, .isRatio = false}});
 }
 
+void ProcessBenchmark::measureClosedWindow()
+{
+    const auto application = startApplication();
+    std::this_thread::sleep_for(settling);
+    const auto open = ProcessFigures::memory(application->pid()).proportional;
+    ::run({"xdotool", "search", "--name", "^Wrenfold$", "windowactivate", "--sync"});
+    ::run({"xdotool", "key", "Escape"});
+    std::this_thread::sleep_for(idleWindow);
+    const auto closed = ProcessFigures::memory(application->pid());
+    terminate(*application);
+    ChildProcess copyq({"copyq"});
+    m_tray.waitFor("item");
+    std::this_thread::sleep_for(idleWindow);
+    const auto peer = ProcessFigures::memory(copyq.pid()).proportional;
+    ::run({"copyq", "exit"});
+    copyq.waitForExit();
+    if (closed.proportional >= open)
+        throw std::runtime_error("the window gives nothing back");
+    m_results.add({.name = "A minute after the window was closed: memory",
+                   .unit = "MB",
+                   .values = {megabytes(closed.proportional)},
+                   .peer = "CopyQ",
+                   .peerValues = {megabytes(peer)},
+                   .goal = Measurement::Goal{.limit = 0.65}});
+}
+
 void ProcessBenchmark::measureOverlay()
 {
     m_services.setAnswering(false);

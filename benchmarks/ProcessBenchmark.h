@@ -20,6 +20,7 @@ public:
 
     void measureStart();
     void measureIdle();
+    void measureClosedWindow();
     void measureOverlay();
     void measureHandOver();
     void measureTermination();

@@ -12,6 +12,7 @@
 #include "MainWindowController.h"
 #include "PageWindow.h"
 #include "PasteEnabledTextView.h"
+#include "VirtualMainQueue.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -184,6 +185,29 @@ void WindowBenchmark::measurePrompt()
     m_results.add(key);
 }
 
+void WindowBenchmark::measureReopening()
+{
+    Measurement reopened{.name = "Window: open again a minute after it was closed",
+                         .unit = "ms",
+                         .goal = Measurement::Goal{.limit = 50, .isRatio = false}};
+    VirtualMainQueue queue;
+    HistoryStore store;
+    MainWindowController controller(queue, store, {}, {});
+    const auto show = [&]() -> QWidget & {
+        controller.show({}, MainWindowPage::GettingStarted);
+        return mainWindow();
+    };
+    for (int run = 0; run <= runs; ++run) {
+        const auto time = untilDrawn(show);
+        if (run > 0)
+            reopened.values.push_back(time);
+        mainWindow().close();
+        queue.advance(std::chrono::minutes(1));
+        QApplication::processEvents();
+    }
+    m_results.add(reopened);
+}
+
 void WindowBenchmark::measureWindow()
 {
     const auto row = [](const char *name, double limit) {
@@ -234,4 +258,5 @@ void WindowBenchmark::measureWindow()
     }
     for (const auto *each : {&built, &shown, &switched})
         m_results.add(*each);
+    measureReopening();
 }

@@ -17,9 +17,12 @@ public:
     void measureDictionary();
     // A long prompt that is typed into.
     void measurePrompt();
-    // The main window built, shown again, and its pages.
+    // The main window built, shown again, and its pages; and built again after it was closed for
+    // longer than it is kept.
     void measureWindow();
 
 private:
+    void measureReopening();
+
     Results &m_results;
 };

@@ -12,6 +12,7 @@ int main(int argc, char **argv)
     const std::map<std::string, void (ProcessBenchmark::*)()> parts{
         {"start", &ProcessBenchmark::measureStart},
         {"idle", &ProcessBenchmark::measureIdle},
+        {"closed-window", &ProcessBenchmark::measureClosedWindow},
         {"overlay", &ProcessBenchmark::measureOverlay},
         {"hand-over", &ProcessBenchmark::measureHandOver},
         {"termination", &ProcessBenchmark::measureTermination},
