@@ -13,10 +13,12 @@ extern "C" const char *__tsan_default_options() // NOLINT(bugprone-reserved-iden
 // Every test program's entry: an application object without a display unless one was given.
 int main(int argc, char **argv)
 {
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-        && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    // What a test starts on a Wayland desktop chooses for itself.
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        qunsetenv("QT_QPA_PLATFORM");
     return RUN_ALL_TESTS();
 }

@@ -92,6 +92,11 @@ protected:
         EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Paste delivered."_s, times));
     }
 
+    static QString clipboard()
+    {
+        return QString::fromUtf8(runCommand(u"timeout 5 wl-paste --no-newline"_s).output);
+    }
+
     QString saved() const
     {
         QFile content(file);
@@ -132,8 +137,7 @@ TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
         process.waitForFinished();
     }
     EXPECT_EQ(HistoryStore().items().constFirst().polished, spoken);
-    const auto paste = u"timeout 5 wl-paste --no-newline"_s;
-    EXPECT_EQ(QString::fromUtf8(runCommand(paste).output), spoken);
+    EXPECT_EQ(clipboard(), spoken);
 }
 
 TEST_F(WaylandDictation, EscapeIsOursOnlyWhileRecordingAndNotAfterACrash)
@@ -165,4 +169,26 @@ TEST_F(WaylandDictation, AModifierKeyOnItsOwnIsTakenOnItsSideAlone)
     keyboard.tap({KEY_LEFTALT});
     keyboard.tap({KEY_RIGHTALT});
     EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Recording stopped."_s));
+}
+
+TEST_F(WaylandDictation, BehindALockNothingIsTypedAndTheTextIsOnTheClipboard)
+{
+    launch();
+    press(u"Recording started."_s);
+    BackgroundProcess locker;
+    locker.start(u"swaylock"_s, QStringList());
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Session lock changed. locked=true"_s));
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Processing timing."_s));
+    EXPECT_TRUE(WrenfoldApplication::log().filter(u"Auto paste succeeded."_s).isEmpty());
+    locker.kill();
+    EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Session lock changed. locked=false"_s));
+    EXPECT_EQ(clipboard(), spoken);
+}
+
+TEST_F(WaylandDictation, EndsWithItsFarewellWhenTheCompositorDies)
+{
+    launch();
+    ::kill(qEnvironmentVariableIntValue("WRENFOLD_DESKTOP_COMPOSITOR_PID"), SIGKILL);
+    EXPECT_EQ(application->waitForExit(), 1);
+    EXPECT_TRUE(WrenfoldApplication::log().constLast().contains("will terminate"_L1));
 }
