@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <mutex>
 
 namespace {
 
@@ -39,6 +40,8 @@ void Farewell::say()
 
 void Farewell::sayAndEnd()
 {
+    static std::mutex once; // two threads may notice
+    const std::lock_guard lock(once);
     sayAtExit();
     // Nothing can be shown or heard any more, and the main thread may be in the middle of anything.
     std::_Exit(EXIT_FAILURE);

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] virtual QString summary() const = 0;
     // Whether keys can be posted to any application and its clipboard be set.
     [[nodiscard]] virtual bool canPaste() const = 0;
-    // Listens to the compositor from now on. Should it die, `lost` is called, on another thread.
+    // Listens to the compositor from now on. Should it die, `lost` is called, on any thread.
     virtual void start(MainQueue &mainQueue, std::function<void()> lost) = 0;
     // Null when the compositor lets nobody set the clipboard unasked.
     [[nodiscard]] virtual std::unique_ptr<Clipboard> makeClipboard() = 0;

@@ -12,6 +12,15 @@
 #include <unistd.h>
 #include <wayland-client.h>
 
+namespace {
+
+// Qt has a connection of its own, and ends the process without further ado when it is the first to
+// notice that the compositor is gone. All it does before is to say so.
+WaylandConnection *watched = nullptr;
+QtMessageHandler previousHandler = nullptr;
+
+} // namespace
+
 std::unique_ptr<WaylandConnection> WaylandConnection::open()
 {
     auto *const display = wl_display_connect(nullptr);
@@ -42,11 +51,17 @@ void WaylandConnection::start(MainQueue &mainQueue, std::function<void()> lost)
 {
     m_mainQueue = &mainQueue;
     m_lost = std::move(lost);
+    watched = this;
+    previousHandler = qInstallMessageHandler(&handleMessage);
     m_thread = std::thread([this] { run(); });
 }
 
 void WaylandConnection::stop()
 {
+    if (watched == this) {
+        watched = nullptr;
+        qInstallMessageHandler(previousHandler);
+    }
     m_isStopping = true;
     wake();
     if (m_thread.joinable())
@@ -148,4 +163,22 @@ void WaylandConnection::wake() const
 {
     const quint64 once = 1;
     static_cast<void>(::write(m_wake, &once, sizeof once) > 0);
+}
+
+bool WaylandConnection::isLost() const
+{
+    auto *const queue = wl_display_create_queue(m_display);
+    const bool isLost = wl_display_roundtrip_queue(m_display, queue) < 0;
+    wl_event_queue_destroy(queue);
+    return isLost;
+}
+
+void WaylandConnection::handleMessage(QtMsgType type,
+                                      const QMessageLogContext &context,
+                                      const QString &text)
+{
+    if (previousHandler != nullptr)
+        previousHandler(type, context, text);
+    if (watched != nullptr && watched->isLost())
+        watched->m_lost();
 }

@@ -32,7 +32,8 @@ public:
     WaylandConnection(const WaylandConnection &) = delete;
     WaylandConnection &operator=(const WaylandConnection &) = delete;
 
-    // Handles events from now on; `lost` is called on the thread when the compositor is gone.
+    // Handles events from now on. When the compositor is gone, `lost` is called, on the thread or
+    // wherever Qt has noticed it.
     void start(MainQueue &mainQueue, std::function<void()> lost);
     // Ends the thread: no listener is called after this.
     void stop();
@@ -82,6 +83,8 @@ private:
     [[nodiscard]] bool handleEvents();
     void writeOn(Transfer &transfer);
     void wake() const;
+    [[nodiscard]] bool isLost() const;
+    static void handleMessage(QtMsgType type, const QMessageLogContext &, const QString &text);
 
     wl_display *m_display = nullptr;
     wl_registry *m_registry = nullptr;
