@@ -36,10 +36,10 @@ test('An engine that does not arrive whole is not installed', (context) => {
 
 test('A model that is not what was pinned is not installed', (context) => {
     // What npm hands out is another package of the right name.
-    const archive = 'tar -czf "$5/moonshine-ai-moonshine-js-0.1.29.tgz" -C /etc hostname';
+    const archive = 'tar -czf "$4/moonshine-ai-moonshine-js-0.1.29.tgz" -C /etc hostname';
     for (const [script, reason] of [
         [archive, /its hash differs/],
-        ['echo ENOTFOUND >&2; exit 1', /ENOTFOUND/],
+        ['echo npm ERR! code ENOTFOUND >&2; exit 1', /cannot be reached \(ENOTFOUND\)/],
     ]) {
         const home = homeWithNpm(context, script);
         cpSync(engineFolder(), home.data('local-services', 'engine'), { recursive: true });

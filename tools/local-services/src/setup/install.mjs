@@ -20,7 +20,7 @@ import { basename, join } from 'node:path';
 import { fileURLToPath, pathToFileURL } from 'node:url';
 
 import { engineFolder, modelsFolder, programFolder } from '../settings/folders.mjs';
-import { run, unpackPackage } from './packages.mjs';
+import { npm, run, unpackPackage } from './packages.mjs';
 import { replaceFolder } from './replace-folder.mjs';
 
 const source = fileURLToPath(new URL('../..', import.meta.url));
@@ -44,7 +44,7 @@ export function installEngine() {
     replaceFolder(engineFolder(), (folder) => {
         for (const file of ['package.json', 'package-lock.json', '.npmrc'])
             copyFileSync(join(source, file), join(folder, file));
-        run('npm', ['ci', '--ignore-scripts', '--no-audit', '--no-fund'], { cwd: folder });
+        npm(['ci', '--ignore-scripts'], { cwd: folder });
         checkNativePackage(folder, lock);
         cpSync(join(source, 'licences'), join(folder, 'licences'), { recursive: true });
         // It has to work here before it takes the place of one that does.

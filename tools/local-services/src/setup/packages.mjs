@@ -20,6 +20,24 @@ export function run(program, args, options = {}) {
     return stdout;
 }
 
+const networkFailure =
+    /\b(ENOTFOUND|EAI_AGAIN|ECONNREFUSED|ECONNRESET|ENETUNREACH|EHOSTUNREACH|E?TIMEDOUT)\b/;
+
+/** Runs npm; that its registry cannot be reached is told in words. */
+export function npm(args, options) {
+    try {
+        run('npm', [...args, '--loglevel=error', '--no-audit', '--no-fund'], options);
+    } catch (error) {
+        const [code] = error.message.match(networkFailure) ?? [];
+        if (!code) throw error;
+        throw new Error(
+            `The registry of npm packages cannot be reached (${code}). Is there a network? ` +
+                'What has arrived whole is kept: the same command fetches the rest.',
+            { cause: error },
+        );
+    }
+}
+
 /**
  * Unpacks some files of a package of exactly the pinned contents.
  *
@@ -29,11 +47,9 @@ export function run(program, args, options = {}) {
  * @throws {Error} when it cannot be had, or is not what was pinned
  */
 export function unpackPackage({ name, version, integrity }, files, work) {
-    run(
-        'npm',
-        ['pack', '--silent', '--ignore-scripts', '--pack-destination', work, `${name}@${version}`],
-        { cwd: work },
-    );
+    npm(['pack', '--ignore-scripts', '--pack-destination', work, `${name}@${version}`], {
+        cwd: work,
+    });
     const archive = join(work, `${name.replace('@', '').replace('/', '-')}-${version}.tgz`);
     const digest = createHash('sha512').update(readFileSync(archive)).digest('base64');
     if (`sha512-${digest}` !== integrity)
