@@ -23,24 +23,22 @@ function(wrenfold_test name)
         TIMEOUT 120)
 endfunction()
 
-# wrenfold_desktop_test(NAME SOURCES ... LIBS ...)
-# A test program that needs the real thing: each case runs on a private desktop of its own. The
-# label "desktop" selects them (ctest -L desktop).
-function(wrenfold_desktop_test name)
+# wrenfold_session_test(NAME SESSION SOURCES ... LIBS ...)
+# A test program that needs the real thing: each case runs on a private desktop of its own, of a kind
+# that scripts/private-desktop names. The label "desktop" selects them (ctest -L desktop).
+function(wrenfold_session_test name session)
     _wrenfold_test_executable(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR
-        ${PROJECT_SOURCE_DIR}/scripts/private-desktop)
+        "${PROJECT_SOURCE_DIR}/scripts/private-desktop;--session;${session}")
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         TEST_PREFIX "${WRENFOLD_TEST_PREFIX}${name}." PROPERTIES
         TIMEOUT 300 LABELS desktop)
 endfunction()
 
-# wrenfold_session_test(NAME SESSION SOURCES ... LIBS ...)
-# The same on a desktop of another kind, as scripts/private-desktop names it.
-function(wrenfold_session_test name session)
-    wrenfold_desktop_test(${name} ${ARGN})
-    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR
-        "${PROJECT_SOURCE_DIR}/scripts/private-desktop;--session;${session}")
+# wrenfold_desktop_test(NAME SOURCES ... LIBS ...)
+# The same on X11.
+function(wrenfold_desktop_test name)
+    wrenfold_session_test(${name} x11 ${ARGN})
 endfunction()
 
 # wrenfold_desktop_test_again(NAME VARIANT NAME=VALUE)

@@ -102,10 +102,10 @@ void AppDelegate::launch()
     if (m_launchMode == LaunchMode::ShowsWindow)
         m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
+    AppLogger::info(u"Launch finished."_s);
     AppLogger::info(m_backends.summary);
     if (m_backends.usesXWayland)
         WaylandSession::warnOfLimits();
-    AppLogger::info(u"Launch finished."_s);
     m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));
     AudioRecorder::sweepLeftovers();
     m_mainQueue.post([this] { m_overlay.prepare(); });
