@@ -13,6 +13,8 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -108,6 +110,13 @@ InstanceAnswer cancel()
     return answer;
 }
 
+// Qt would end the process with a crash.
+bool hasDesktop()
+{
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                               [](const char *name) { return qEnvironmentVariableIsSet(name); });
+}
+
 std::optional<int> dispatch(Command command)
 {
     switch (command) {
@@ -142,7 +151,7 @@ std::optional<int> runCommand(const CommandLine &line, int argc, char **argv)
     if (!line.mistake.isEmpty())
         return fail(line.mistake + "; wrenfold --help shows those there are"_L1, NotUnderstood);
     if (takesDesktop(line.command))
-        return {};
+        return hasDesktop() ? std::optional<int>() : fail(u"there is no desktop here"_s, Failed);
     // The bus wants one; it is gone again before the application's own is made.
     const QCoreApplication application(argc, argv);
     return dispatch(line.command);

@@ -47,6 +47,7 @@ TEST(CommandLine, SaysWhatIsWrongWhenThereIsNothingToReach)
     };
     for (const auto &[options, status] : rows)
         EXPECT_EQ(statusOf(options), status) << qPrintable(options);
+    EXPECT_EQ(statusOf(u"--check"_s, u"env -u DISPLAY "_s), 1);
     EXPECT_EQ(statusOf(u"--toggle"_s, u"DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent "_s), 1);
 }
 
