@@ -179,25 +179,25 @@ void AppDelegate::takeOverOrHandOver()
 
 void AppDelegate::installDuplicateLaunchObserver()
 {
-    const bool isOpen =
-        m_instanceChannel.open([this](InstanceCommand command) { handleInstanceCommand(command); },
-                               [this] { return m_globalHotKeys.hasHotKey(); });
+    const bool isOpen = m_instanceChannel.open(
+        [this](auto command, auto askedAt) { handleInstanceCommand(command, askedAt); },
+        [this] { return m_globalHotKeys.hasHotKey(); });
     if (!isOpen)
         AppLogger::warning(u"Duplicate launch requests cannot be received. No session bus."_s);
 }
 
-void AppDelegate::handleInstanceCommand(InstanceCommand command)
+void AppDelegate::handleInstanceCommand(InstanceCommand command, InstanceChannel::Time askedAt)
 {
     switch (command) {
     case InstanceCommand::ShowMainWindow:
         handleDuplicateLaunchRequest();
         break;
     case InstanceCommand::ToggleRecording:
-        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Main))
+        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Main, askedAt))
             m_mainQueue.post([this] { m_session.toggleRecording(); });
         break;
     case InstanceCommand::CancelRecording:
-        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Escape))
+        if (m_backends.hotKeys->acceptsReportedPress(HotKeyId::Escape, askedAt))
             m_mainQueue.post([this] { m_session.cancelRecording(); });
         break;
     case InstanceCommand::Quit:

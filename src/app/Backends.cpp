@@ -50,17 +50,24 @@ Backends commonBackends()
 void reachBeyondX(Backends &backends, X11InputConnection &input)
 {
     auto keybindings = GnomeModule::openKeybindings();
-    if (!keybindings || !MutterRemoteKeyboard::isThere())
-        return;
-    backends.hotKeys = std::make_unique<GnomeHotKeyRegistrar>(std::move(keybindings), input);
-    backends.modifiers.reset();
-    backends.usesXWayland = false;
-    backends.keyboard =
-        std::make_unique<GnomeSyntheticKeyboard>(input, &focusedApplicationByAccessibility);
-    backends.clipboard = std::make_unique<X11Clipboard>(X11Clipboard::Reach::XWayland);
-    backends.summary = u"Wayland session. hotKeys=GNOME settings escape=GNOME settings "
-                       "keys=XTEST, Mutter clipboard=XWayland overlay=XWayland "
-                       "focus=XWayland, accessibility bus"_s;
+    const bool canPress = MutterRemoteKeyboard::isThere();
+    backends.usesXWayland = !keybindings || !canPress;
+    backends.summary = "Desktop: XWayland. hotkey="_L1
+        + (keybindings ? "gnome-settings"_L1 : "x11"_L1) + " clipboard=x11 keys="_L1
+        + (canPress ? "xtest,mutter"_L1 : "xtest"_L1) + " overlay=x11"_L1;
+    std::function<bool(quint32)> isHotKey = [](quint32) { return false; };
+    if (keybindings) {
+        auto hotKeys = std::make_unique<GnomeHotKeyRegistrar>(std::move(keybindings), input);
+        isHotKey = [hotKeys = hotKeys.get()](quint32 key) { return hotKeys->isLoneModifier(key); };
+        backends.hotKeys = std::move(hotKeys);
+        backends.modifiers.reset();
+    }
+    if (canPress) {
+        backends.keyboard = std::make_unique<GnomeSyntheticKeyboard>(
+            input, &focusedApplicationByAccessibility, std::move(isHotKey));
+        backends.clipboard = std::make_unique<X11Clipboard>(X11Reach::XWayland);
+        backends.focusReturn = std::make_unique<X11FocusReturn>(X11Reach::XWayland);
+    }
 }
 
 Backends backendsOfX11()
@@ -77,9 +84,9 @@ Backends backendsOfX11()
     backends.hasCompositor = &hasCompositor;
     backends.workArea = &workArea;
     backends.keyCharacters = &charactersTypedBy;
-    backends.usesXWayland = WaylandSession::isCurrent();
     backends.summary = u"Desktop: X11."_s;
-    reachBeyondX(backends, *input);
+    if (WaylandSession::isCurrent())
+        reachBeyondX(backends, *input);
     return backends;
 }
 

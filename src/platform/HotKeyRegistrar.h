@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 // Names one of our global hotkeys; registering an id again first gives its old combination back.
@@ -37,6 +38,7 @@ public:
     // not tell.
     [[nodiscard]] virtual QString takenBy() const;
     // Whether a press that another process reports, as a desktop has it do for a combination, is
-    // one: false for the repeats of a key that is held.
-    [[nodiscard]] virtual bool acceptsReportedPress(HotKeyId id);
+    // one: false for the repeats of a key that is held. `when` is when that process was started.
+    [[nodiscard]] virtual bool acceptsReportedPress(HotKeyId id,
+                                                    std::chrono::steady_clock::time_point when);
 };

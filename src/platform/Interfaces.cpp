@@ -30,7 +30,7 @@ QString HotKeyRegistrar::takenBy() const
     return {};
 }
 
-bool HotKeyRegistrar::acceptsReportedPress(HotKeyId /*id*/)
+bool HotKeyRegistrar::acceptsReportedPress(HotKeyId, std::chrono::steady_clock::time_point)
 {
     return true;
 }

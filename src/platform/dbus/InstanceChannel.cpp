@@ -3,6 +3,7 @@
 #include "InstanceChannel.h"
 
 #include "AppRuntime.h"
+#include "ProcessStart.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -25,6 +26,12 @@ constexpr auto quitLimit = 6s;
 
 constexpr auto path = "/local/wrenfold"_L1;
 
+// The clock is the same in all processes.
+qlonglong toMilliseconds(InstanceChannel::Time time)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+}
+
 QString member(InstanceCommand command)
 {
     switch (command) {
@@ -40,11 +47,12 @@ QString member(InstanceCommand command)
     Q_UNREACHABLE();
 }
 
-QDBusMessage reply(const QString &member)
+QDBusMessage reply(const QString &member, const QVariantList &arguments = {})
 {
     const QString name = AppRuntime::bundleIdentifier;
     auto request = QDBusMessage::createMethodCall(name, path, name, member);
     request.setAutoStartService(false);
+    request.setArguments(arguments);
     return QDBusConnection::sessionBus().call(request, QDBus::Block, answerLimitMs);
 }
 
@@ -100,7 +108,11 @@ bool InstanceChannel::isHotKeyThere()
 
 InstanceAnswer InstanceChannel::ask(InstanceCommand command)
 {
-    return answer(reply(member(command)));
+    // A busy machine may take long from the key to here.
+    QVariantList arguments;
+    if (command == InstanceCommand::ToggleRecording)
+        arguments += toMilliseconds(processStart());
+    return answer(reply(member(command), arguments));
 }
 
 InstanceAnswer InstanceChannel::askToQuit()
@@ -148,6 +160,11 @@ void InstanceChannel::toggleRecording()
     handle(InstanceCommand::ToggleRecording);
 }
 
+void InstanceChannel::toggleRecording(qlonglong askedAt)
+{
+    handle(InstanceCommand::ToggleRecording, Time(std::chrono::milliseconds(askedAt)));
+}
+
 void InstanceChannel::cancelRecording()
 {
     handle(InstanceCommand::CancelRecording);
@@ -163,8 +180,8 @@ bool InstanceChannel::hasHotKey() const
     return m_handler && m_hasHotKey();
 }
 
-void InstanceChannel::handle(InstanceCommand command) const
+void InstanceChannel::handle(InstanceCommand command, Time askedAt) const
 {
     if (m_handler)
-        m_handler(command);
+        m_handler(command, askedAt);
 }

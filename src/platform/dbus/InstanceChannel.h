@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <functional>
 
 // What another process of this user may ask of the running instance.
@@ -29,7 +30,9 @@ class InstanceChannel final : public QObject
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "local.wrenfold")
 public:
-    using Handler = std::function<void(InstanceCommand)>;
+    using Time = std::chrono::steady_clock::time_point;
+    // `askedAt` is when the process was started that asks.
+    using Handler = std::function<void(InstanceCommand, Time askedAt)>;
 
     InstanceChannel() = default;
     ~InstanceChannel() override;
@@ -54,12 +57,13 @@ public:
     // The object's members on the bus.
     Q_SCRIPTABLE void showMainWindow();
     Q_SCRIPTABLE void toggleRecording();
+    Q_SCRIPTABLE void toggleRecording(qlonglong askedAt); // in milliseconds of that clock
     Q_SCRIPTABLE void cancelRecording();
     Q_SCRIPTABLE void quit();
     Q_SCRIPTABLE bool hasHotKey() const;
 
 private:
-    void handle(InstanceCommand command) const;
+    void handle(InstanceCommand command, Time askedAt = std::chrono::steady_clock::now()) const;
 
     Handler m_handler; // empty when not open
     std::function<bool()> m_hasHotKey;

@@ -52,7 +52,8 @@ int GnomeHotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 m
     if (!m_takenBy.isEmpty())
         return Taken;
     m_keybindings->bind(id, wanted.text());
-    m_canRepeat = !isModifier;
+    m_loneModifier = isModifier ? *kernelCode : 0;
+    m_since = std::chrono::steady_clock::now();
     m_registered.insert(id);
     return Registered;
 }
@@ -67,14 +68,20 @@ void GnomeHotKeyRegistrar::unregisterHotKey(HotKeyId id)
         m_keybindings->unbind(id);
 }
 
-bool GnomeHotKeyRegistrar::acceptsReportedPress(HotKeyId id)
+bool GnomeHotKeyRegistrar::acceptsReportedPress(HotKeyId id, RepeatFilter::Time when)
 {
+    // What was pressed before was another hotkey. Modifier keys do not repeat.
     if (id == HotKeyId::Main)
-        return !m_canRepeat
-            || m_filter.isPress(std::chrono::steady_clock::now(), m_keybindings->keyRepeat());
+        return when >= m_since
+            && (m_loneModifier != 0 || m_filter.isPress(when, m_keybindings->keyRepeat()));
     if (!m_registered.contains(id))
         m_keybindings->unbind(id);
     return true;
+}
+
+bool GnomeHotKeyRegistrar::isLoneModifier(quint32 kernelCode) const
+{
+    return m_loneModifier == kernelCode;
 }
 
 QString GnomeHotKeyRegistrar::ownerOf(const Accelerator &wanted) const

@@ -5,6 +5,7 @@
 #include "HotKeyRegistrar.h"
 #include "RepeatFilter.h"
 
+#include <atomic>
 #include <memory>
 #include <set>
 
@@ -26,7 +27,10 @@ public:
     [[nodiscard]] int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) override;
     void unregisterHotKey(HotKeyId id) override;
     [[nodiscard]] QString takenBy() const override { return m_takenBy; }
-    [[nodiscard]] bool acceptsReportedPress(HotKeyId id) override;
+    [[nodiscard]] bool acceptsReportedPress(HotKeyId id, RepeatFilter::Time when) override;
+    // Whether this key, by the kernel's code, is the hotkey on its own: one that a program presses
+    // counts too. Any thread.
+    [[nodiscard]] bool isLoneModifier(quint32 kernelCode) const;
 
 private:
     [[nodiscard]] QString ownerOf(const Accelerator &wanted) const;
@@ -35,6 +39,7 @@ private:
     X11InputConnection &m_input;
     std::set<HotKeyId> m_registered;
     QString m_takenBy;
-    bool m_canRepeat = false; // as modifier keys never do
+    std::atomic<quint32> m_loneModifier = 0; // the hotkey, by the kernel's code; 0 for another one
+    RepeatFilter::Time m_since; // of the hotkey
     RepeatFilter m_filter;
 };

@@ -13,10 +13,12 @@
 #include <linux/input-event-codes.h>
 
 GnomeSyntheticKeyboard::GnomeSyntheticKeyboard(X11InputConnection &input,
-                                               FocusedApplication::Finder focused)
+                                               FocusedApplication::Finder focused,
+                                               std::function<bool(quint32)> isHotKey)
     : m_input(input)
     , m_x11(input)
     , m_focused(std::move(focused))
+    , m_isHotKey(std::move(isHotKey))
 {}
 
 GnomeSyntheticKeyboard::~GnomeSyntheticKeyboard() = default;
@@ -40,10 +42,12 @@ bool GnomeSyntheticKeyboard::post(PasteChord chord)
 {
     if (!isBeyondX())
         return m_x11.post(chord);
+    const quint32 shift = m_isHotKey(KEY_LEFTSHIFT) ? KEY_RIGHTSHIFT : KEY_LEFTSHIFT;
+    const quint32 control = m_isHotKey(KEY_LEFTCTRL) ? KEY_RIGHTCTRL : KEY_LEFTCTRL;
     if (chord == PasteChord::ShiftInsert)
-        return MutterRemoteKeyboard::tap({KEY_LEFTSHIFT, KEY_INSERT});
+        return MutterRemoteKeyboard::tap({shift, KEY_INSERT});
     const auto key = keyTyping(XKB_KEY_v);
-    return key && MutterRemoteKeyboard::tap({KEY_LEFTCTRL, *key});
+    return key && MutterRemoteKeyboard::tap({control, *key});
 }
 
 bool GnomeSyntheticKeyboard::isBeyondX()

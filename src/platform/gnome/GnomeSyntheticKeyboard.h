@@ -10,8 +10,11 @@
 class GnomeSyntheticKeyboard final : public SyntheticKeyboard
 {
 public:
-    // The finder is asked while a program of Wayland has the focus.
-    GnomeSyntheticKeyboard(X11InputConnection &input, FocusedApplication::Finder focused);
+    // The finder is asked while a program of Wayland has the focus. A key that is the hotkey, by
+    // the kernel's code, is not pressed.
+    GnomeSyntheticKeyboard(X11InputConnection &input,
+                           FocusedApplication::Finder focused,
+                           std::function<bool(quint32 kernelCode)> isHotKey);
     ~GnomeSyntheticKeyboard() override;
 
     [[nodiscard]] bool isTrusted() const override { return true; }
@@ -28,4 +31,5 @@ private:
     X11InputConnection &m_input;
     X11SyntheticKeyboard m_x11;
     FocusedApplication::Finder m_focused;
+    std::function<bool(quint32)> m_isHotKey;
 };

@@ -2,30 +2,31 @@
 // SPDX-License-Identifier: MIT
 #include "RepeatFilter.h"
 
-#include <utility>
+#include <algorithm>
 
 using namespace std::chrono_literals;
 
 namespace {
 
-// Repeats come every 30 ms as a rule, each by a process that a busy machine is slow to start.
+// Repeats come every 30 ms as a rule, unless the machine is busy.
 constexpr auto longestGap = 250ms;
 // The same once a key is known to be held: nobody lets go of it and presses it again so soon.
-constexpr auto longestGapWhileHeld = 800ms;
+constexpr auto longestGapWhileHeld = 500ms;
 // How far the first one may be from the end of the delay.
 constexpr auto earliest = -100ms;
-constexpr auto latest = 400ms;
+constexpr auto latest = 200ms;
 
 } // namespace
 
-bool RepeatFilter::isPress(Time now, const KeyRepeat &repeat)
+bool RepeatFilter::isPress(Time when, const KeyRepeat &repeat)
 {
-    const auto sinceArrival = now - std::exchange(m_lastArrival, now);
-    const auto pastDelay = now - m_lastPress - repeat.delay;
+    const auto sinceLast = when - m_last;
+    const auto pastDelay = when - m_lastPress - repeat.delay;
     const bool isFirst = pastDelay > earliest && pastDelay < latest;
     const auto gap = m_isHeld ? longestGapWhileHeld : longestGap;
-    m_isHeld = repeat.isOn && (isFirst || sinceArrival < gap);
+    m_last = std::max(m_last, when);
+    m_isHeld = repeat.isOn && (isFirst || sinceLast < gap);
     if (!m_isHeld)
-        m_lastPress = now;
+        m_lastPress = when;
     return !m_isHeld;
 }

@@ -13,11 +13,11 @@ class RepeatFilter final
 public:
     using Time = std::chrono::steady_clock::time_point;
 
-    // Whether what arrives now is a press.
-    [[nodiscard]] bool isPress(Time now, const KeyRepeat &repeat);
+    // Whether what was made of the key at that time is a press. They may come out of order.
+    [[nodiscard]] bool isPress(Time when, const KeyRepeat &repeat);
 
 private:
-    Time m_lastArrival;
+    Time m_last;
     Time m_lastPress;
     bool m_isHeld = false; // as far as known: its repeats have been seen
 };

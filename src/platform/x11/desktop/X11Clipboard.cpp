@@ -54,7 +54,7 @@ bool areOfOneClient(xcb_connection_t *connection, xcb_window_t one, xcb_window_t
 
 } // namespace
 
-X11Clipboard::X11Clipboard(Reach reach)
+X11Clipboard::X11Clipboard(X11Reach reach)
     : m_reach(reach)
 {
     QCoreApplication::instance()->installNativeEventFilter(this);
@@ -88,7 +88,7 @@ bool X11Clipboard::nativeEventFilter(const QByteArray &, void *message, qintptr 
         && (request->response_type & 0x7f) == XCB_SELECTION_REQUEST) {
         const auto focus =
             replyTo(connection, xcb_get_input_focus(connection), xcb_get_input_focus_reply);
-        m_isFocusBeyondX = focus && focus->focus == XCB_NONE && m_reach == Reach::XWayland;
+        m_isFocusBeyondX = focus && focus->focus == XCB_NONE && m_reach == X11Reach::XWayland;
         m_isFocusedClientAsking =
             focus && areOfOneClient(connection, focus->focus, request->requestor);
         m_isPrimaryWanted = request->selection == XCB_ATOM_PRIMARY;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Clipboard.h"
+#include "X11Reach.h"
 
 #include <QAbstractNativeEventFilter>
 
@@ -14,10 +15,7 @@
 class X11Clipboard final : public Clipboard, private QAbstractNativeEventFilter
 {
 public:
-    // The programs that share these selections.
-    enum class Reach { X, XWayland };
-
-    explicit X11Clipboard(Reach reach = Reach::X);
+    explicit X11Clipboard(X11Reach reach = X11Reach::X);
     ~X11Clipboard() override;
 
     [[nodiscard]] bool
@@ -30,7 +28,7 @@ private:
     void noteGiven();
     [[nodiscard]] bool isForProgramBeyondX();
 
-    const Reach m_reach;
+    const X11Reach m_reach;
     FetchHandler m_fetched;
     // Of the request that is being answered.
     bool m_isFocusedClientAsking = false;

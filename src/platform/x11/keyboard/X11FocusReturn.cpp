@@ -27,8 +27,9 @@ quint32 clientOf(xcb_connection_t *connection, quint32 window)
 
 } // namespace
 
-X11FocusReturn::X11FocusReturn()
-    : m_connection([this](const void *event) { handleEvent(event); })
+X11FocusReturn::X11FocusReturn(X11Reach reach)
+    : m_reach(reach)
+    , m_connection([this](const void *event) { handleEvent(event); })
 {
     auto *const application = X11Selections::applicationConnection();
     if (!m_connection.isUsable() || application == nullptr)
@@ -38,6 +39,7 @@ X11FocusReturn::X11FocusReturn()
     {
         const X11RoundTrip roundTrip(m_connection);
         m_activeWindowAtom = X11Selections::atom(m_connection.get(), "_NET_ACTIVE_WINDOW");
+        m_changeStateAtom = X11Selections::atom(m_connection.get(), "WM_CHANGE_STATE");
         xcb_change_window_attributes(
             m_connection.get(), m_connection.root(), XCB_CW_EVENT_MASK, wanted);
     }
@@ -48,15 +50,25 @@ X11FocusReturn::~X11FocusReturn() = default;
 
 bool X11FocusReturn::returnFocus()
 {
-    auto *const server = m_connection.get();
-    if (const auto focused = focusedWindow(); clientOf(server, focused) != m_ownClient)
-        return focused > XCB_INPUT_FOCUS_POINTER_ROOT;
+    if (const auto focused = focusedWindow(); clientOf(m_connection.get(), focused) != m_ownClient)
+        return focused > XCB_INPUT_FOCUS_POINTER_ROOT || m_reach == X11Reach::XWayland;
     const quint32 previous = m_previous;
+    if (previous == XCB_NONE && m_reach == X11Reach::XWayland) {
+        putAway(activeWindow(m_connection));
+        return waitForFocus([this](quint32 client) { return client != m_ownClient; });
+    }
     if (!isThere(previous))
         return false;
     activate(previous);
+    return waitForFocus([wanted = clientOf(m_connection.get(), previous)](quint32 client) {
+        return client == wanted;
+    });
+}
+
+bool X11FocusReturn::waitForFocus(const std::function<bool(quint32 client)> &isRight)
+{
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
-    while (clientOf(server, focusedWindow()) != clientOf(server, previous)) {
+    while (!isRight(clientOf(m_connection.get(), focusedWindow()))) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;
         std::this_thread::sleep_for(waitStep);
@@ -76,18 +88,29 @@ void X11FocusReturn::noteActiveWindow()
 {
     auto *const server = m_connection.get();
     const auto active = activeWindow(m_connection);
-    if (active != XCB_NONE && clientOf(server, active) != m_ownClient)
+    const bool isKnown = active != XCB_NONE || m_reach == X11Reach::XWayland;
+    if (isKnown && clientOf(server, active) != m_ownClient)
         m_previous = active;
 }
 
 void X11FocusReturn::activate(quint32 window)
 {
+    tellWindowManager(window, m_activeWindowAtom, 2); // on behalf of the user, as a pager asks
+}
+
+void X11FocusReturn::putAway(quint32 window)
+{
+    tellWindowManager(window, m_changeStateAtom, 3); // to iconic
+}
+
+void X11FocusReturn::tellWindowManager(quint32 window, quint32 message, quint32 value)
+{
     xcb_client_message_event_t request{};
     request.response_type = XCB_CLIENT_MESSAGE;
     request.format = 32;
     request.window = window;
-    request.type = m_activeWindowAtom;
-    request.data.data32[0] = 2; // on behalf of the user, as a pager asks
+    request.type = message;
+    request.data.data32[0] = value;
     const auto receivers =
         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_send_event(m_connection.get(),
