@@ -29,8 +29,20 @@ await_log() {
     grep -F -- "$text" "$log_file" | tail -n 1
 }
 
-# Presses the default hotkey.
+# The hotkey; the default one needs no choice.
+# shellcheck disable=SC2034
+hotkey_words="⌘⇧Space (Super+Shift+Space here)"
+choose_hotkey() { :; }
+
+# The accessibility bus that an editor would start talks to the terminal.
+prepare_desktop() {
+    export NO_AT_BRIDGE=1
+    xsetroot -solid "#46607a"
+}
+
 press_hotkey() { xdotool key Super+Shift+space; }
+# Has the editor that has the focus save.
+press_save() { xdotool key ctrl+s; }
 
 # Plays a sound file to the end, for the microphone to hear.
 speak() { paplay "$1"; }
