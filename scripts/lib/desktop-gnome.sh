@@ -37,3 +37,13 @@ is_focused() {
     ask_shell /org/gnome/Shell org.gnome.Shell.Eval 'global.display.focus_window.get_wm_class()' |
         grep -qi "\"$1\""
 }
+
+tell_screen() {
+    cat <<TEXT
+Screen: WAYLAND_DISPLAY=$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY. From another terminal on this machine:
+  export DBUS_SESSION_BUS_ADDRESS=$DBUS_SESSION_BUS_ADDRESS
+  echo 29 56 57 -57 -56 -29 | scripts/desktop/gnome-keyboard    the hotkey
+  gdbus call --session --dest org.gnome.Shell --object-path /org/gnome/Shell/Screenshot \\
+      --method org.gnome.Shell.Screenshot.Screenshot false false $PWD/look.png    a picture of it
+TEXT
+}

@@ -44,6 +44,16 @@ press_hotkey() { xdotool key Super+Shift+space; }
 # Has the editor that has the focus save.
 press_save() { xdotool key ctrl+s; }
 
+# How to look at the screen and to press the hotkey by hand.
+tell_screen() {
+    cat <<TEXT
+Screen: DISPLAY=$DISPLAY. From another terminal on this machine, for instance:
+  DISPLAY=$DISPLAY import -window root look.png     a picture of it
+  DISPLAY=$DISPLAY xdotool key Super+Shift+space    the hotkey
+  x11vnc -display $DISPLAY                          a VNC server for it, if you have x11vnc
+TEXT
+}
+
 # Plays a sound file to the end, for the microphone to hear.
 speak() { paplay "$1"; }
 

@@ -18,6 +18,7 @@ settle_gnome() {
     gsettings set org.gnome.shell welcome-dialog-last-shown-version 99
     gsettings set org.gnome.desktop.interface enable-animations false
     gsettings set org.gnome.desktop.session idle-delay 0
+    gsettings set org.gnome.desktop.notifications show-banners false
 }
 
 leave_overview() {
