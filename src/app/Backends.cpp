@@ -10,6 +10,7 @@
 #include "GnomeHotKeyRegistrar.h"
 #include "GnomeModule.h"
 #include "GnomeSyntheticKeyboard.h"
+#include "KdeHotKeyRegistrar.h"
 #include "MicrophonePermissionStore.h"
 #include "MutterRemoteKeyboard.h"
 #include "NoHotKeys.h"
@@ -96,6 +97,8 @@ std::unique_ptr<HotKeyRegistrar> makeHotKeys(bool isSway,
 {
     if (isSway)
         return std::make_unique<SwayHotKeyRegistrar>(keyCharacters);
+    if (KdeHotKeyRegistrar::isThere())
+        return std::make_unique<KdeHotKeyRegistrar>(keyCharacters);
     return std::make_unique<NoHotKeys>();
 }
 
@@ -113,7 +116,10 @@ Backends backendsOf(const std::shared_ptr<WaylandDesktop> &desktop)
     backends.workArea = [](const QScreen &screen) { return screen.availableGeometry(); };
     backends.keyCharacters = [desktop](quint32 key) { return desktop->charactersTypedBy(key); };
     backends.hotKeys = makeHotKeys(isSway, backends.keyCharacters);
-    backends.summary = "Desktop: Wayland. hotkey="_L1 + (isSway ? "sway"_L1 : "none"_L1)
+    backends.summary = "Desktop: Wayland. hotkey="_L1
+        + (isSway                              ? "sway"_L1
+               : KdeHotKeyRegistrar::isThere() ? "kglobalaccel"_L1
+                                               : "none"_L1)
         + QLatin1Char(' ') + desktop->summary();
     return backends;
 }

@@ -13,6 +13,8 @@ struct FocusedApplication
     QByteArrayList names;
     // What is typed now goes to another program, which holds the keyboard.
     bool isKeyboardHeld = false;
+    // Nobody tells which application it is.
+    bool isUnknown = false;
 
     // Asks the desktop; any thread.
     using Finder = std::function<FocusedApplication()>;

@@ -67,3 +67,8 @@ PasteChord pasteChordOf(const QByteArrayList &applicationNames)
     }
     return PasteChord::ControlV;
 }
+
+PasteChord pasteChordOf(const FocusedApplication &application)
+{
+    return application.isUnknown ? PasteChord::ShiftInsert : pasteChordOf(application.names);
+}

@@ -21,8 +21,17 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Keeps what it is given, a line at a time.
-const QString terminal = u"foot -- sh -c \"cat > %1\""_s;
+// A terminal that keeps what it is given, a line at a time, and what tells that Escape is ours now.
+struct Session
+{
+    QString terminal;
+    QString escapeIsBound;
+};
+const Session sway{u"foot -- sh -c \"cat > %1\""_s,
+                   u"test 1 = $(wc -l < $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings)"_s};
+const Session kde{u"konsole -e sh -c \"cat > %1\""_s,
+                  u"gdbus call --session --dest org.kde.kglobalaccel --object-path /kglobalaccel "
+                  "--method org.kde.KGlobalAccel.action 16777216 | grep -q wrenfold"_s};
 
 const std::vector<int> hotKey{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_SPACE};
 const QString spoken = u"我们今天 ship 新版本 🚀\n下一步 review。"_s;
@@ -74,8 +83,10 @@ protected:
     }
 
     // The application's own window, which takes the focus when it comes.
-    static void closeWindow()
+    void closeWindow() const
     {
+        if (&session != &sway)
+            return; // a slow terminal comes later
         const auto close = u"swaymsg '[app_id=local.wrenfold] kill'"_s;
         EXPECT_TRUE(waitUntil([&] { return runCommand(close).exitCode == 0; }));
     }
@@ -116,6 +127,7 @@ protected:
             2s);
     }
 
+    const Session &session = qEnvironmentVariableIsSet("SWAYSOCK") ? sway : kde;
     const QString file = QDir::home().filePath(u"text.txt"_s);
     SessionKeyboard keyboard;
     ScriptedServices services{{u"--transcript"_s, u"嗯"_s, u"--polished"_s, spoken}};
@@ -127,7 +139,7 @@ TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
 {
     launch();
     const Editor editors[] = {{u"mousepad --disable-server %1"_s, {KEY_LEFTCTRL, KEY_S}, {}},
-                              {terminal, {KEY_ENTER}, u"\n"_s}};
+                              {session.terminal, {KEY_ENTER}, u"\n"_s}};
     for (qsizetype times = 1; const auto &editor : editors) {
         open(editor);
         dictate(times++);
@@ -143,14 +155,13 @@ TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
 TEST_F(WaylandDictation, EscapeIsOursOnlyWhileRecordingAndNotAfterACrash)
 {
     launch();
-    open({terminal, {KEY_ENTER}, u"\n"_s});
+    open({session.terminal, {KEY_ENTER}, u"\n"_s});
     EXPECT_TRUE(escapeReachesTheTerminal());
     press(u"Recording started."_s);
     press(u"Recording cancelled."_s, 1, {KEY_ESC});
     EXPECT_TRUE(escapeReachesTheTerminal());
     press(u"Recording started."_s, 2);
-    const auto bound = u"wc -l $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings"_s; // two: one break
-    EXPECT_TRUE(waitUntil([&] { return runCommand(bound).output.startsWith('1'); }));
+    EXPECT_TRUE(waitUntil([this] { return runCommand(session.escapeIsBound).exitCode == 0; }));
     EXPECT_EQ(application->end(SIGKILL), -1);
     EXPECT_FALSE(escapeReachesTheTerminal());
     launch();
@@ -162,6 +173,8 @@ TEST_F(WaylandDictation, EscapeIsOursOnlyWhileRecordingAndNotAfterACrash)
 
 TEST_F(WaylandDictation, AModifierKeyOnItsOwnIsTakenOnItsSideAlone)
 {
+    if (&session != &sway)
+        GTEST_SKIP() << "no sides here";
     launch({61, 0x800, u"右⌥"_s});
     keyboard.tap({KEY_LEFTALT});
     keyboard.tap({KEY_RIGHTALT});
@@ -173,6 +186,8 @@ TEST_F(WaylandDictation, AModifierKeyOnItsOwnIsTakenOnItsSideAlone)
 
 TEST_F(WaylandDictation, BehindALockNothingIsTypedAndTheTextIsOnTheClipboard)
 {
+    if (&session != &sway)
+        GTEST_SKIP() << "no locker here";
     launch();
     press(u"Recording started."_s);
     BackgroundProcess locker;

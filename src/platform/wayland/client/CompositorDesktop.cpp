@@ -1,17 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "KWinSyntheticKeyboard.h"
 #include "WaylandClipboard.h"
 #include "WaylandConnection.h"
 #include "WaylandFocusReturn.h"
 #include "WaylandKeymap.h"
 #include "WaylandModule.h"
 #include "WaylandOverlaySurface.h"
+#include "WaylandSeatKeyboard.h"
 #include "WaylandSyntheticKeyboard.h"
 #include "WaylandWindows.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr quint32 keyAtV = 9; // by its virtual key code
 
 // The compositor that the environment names.
 class CompositorDesktop final : public WaylandDesktop
@@ -20,19 +24,24 @@ public:
     explicit CompositorDesktop(std::unique_ptr<WaylandConnection> connection)
         : m_connection(std::move(connection))
     {}
+    ~CompositorDesktop() override { m_connection->stop(); }
+    CompositorDesktop(const CompositorDesktop &) = delete;
+    CompositorDesktop &operator=(const CompositorDesktop &) = delete;
 
     [[nodiscard]] QString summary() const override
     {
         return "clipboard="_L1 + chosen<WaylandClipboard>("data-control"_L1) + " keys="_L1
-            + chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1) + " overlay="_L1
-            + chosen<WaylandOverlaySurface>("layer-shell"_L1) + " windows="_L1
+            + chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1,
+                                               chosen<KWinSyntheticKeyboard>("fake-input"_L1))
+            + " overlay="_L1 + chosen<WaylandOverlaySurface>("layer-shell"_L1) + " windows="_L1
             + chosen<WaylandWindows>("foreign-toplevel"_L1);
     }
 
     [[nodiscard]] bool canPaste() const override
     {
         return WaylandClipboard::isOffered(*m_connection)
-            && WaylandSyntheticKeyboard::isOffered(*m_connection);
+            && (WaylandSyntheticKeyboard::isOffered(*m_connection)
+                || KWinSyntheticKeyboard::isOffered(*m_connection));
     }
 
     void start(MainQueue &mainQueue, std::function<void()> lost) override
@@ -50,10 +59,15 @@ public:
     [[nodiscard]] std::unique_ptr<SyntheticKeyboard>
     makeKeyboard(FocusedApplication::Finder focused) override
     {
-        if (!WaylandSyntheticKeyboard::isOffered(*m_connection))
-            return {};
         if (!focused)
             focused = [this] { return m_windows.focusedApplication(); };
+        if (KWinSyntheticKeyboard::isOffered(*m_connection))
+            return std::make_unique<KWinSyntheticKeyboard>(
+                *m_connection,
+                [this] { return charactersTypedBy(keyAtV) == "v"_L1; },
+                std::move(focused));
+        if (!WaylandSyntheticKeyboard::isOffered(*m_connection))
+            return {};
         return std::make_unique<WaylandSyntheticKeyboard>(
             *m_connection, m_ownKeymap, std::move(focused));
     }
@@ -72,19 +86,21 @@ public:
 
     [[nodiscard]] QString charactersTypedBy(quint32 virtualKeyCode) const override
     {
-        return m_ownKeymap.charactersTypedBy(virtualKeyCode);
+        return m_seatKeyboard.charactersTypedBy(virtualKeyCode);
     }
 
 private:
     template<typename Part>
-    [[nodiscard]] QLatin1StringView chosen(QLatin1StringView name) const
+    [[nodiscard]] QLatin1StringView chosen(QLatin1StringView name,
+                                           QLatin1StringView otherwise = "none"_L1) const
     {
-        return Part::isOffered(*m_connection) ? name : "none"_L1;
+        return Part::isOffered(*m_connection) ? name : otherwise;
     }
 
     std::unique_ptr<WaylandConnection> m_connection;
     WaylandWindows m_windows{*m_connection};
     WaylandKeymap m_ownKeymap;
+    WaylandSeatKeyboard m_seatKeyboard{*m_connection, m_ownKeymap};
 };
 
 } // namespace

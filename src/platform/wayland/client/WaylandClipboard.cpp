@@ -82,6 +82,7 @@ WaylandClipboard::WaylandClipboard(WaylandConnection &connection)
 
 WaylandClipboard::~WaylandClipboard()
 {
+    const auto lock = m_connection.lock();
     zwlr_data_control_device_v1_destroy(m_device);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "WaylandSyntheticKeyboard.h"
 
+#include "ChordKeys.h"
 #include "PasteChordTable.h"
 #include "WaylandConnection.h"
 #include "WaylandKeymap.h"
@@ -10,35 +11,12 @@
 #include <QElapsedTimer>
 
 #include <ranges>
-#include <vector>
 
-#include <linux/input-event-codes.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <wayland-client.h>
 
 namespace {
-
-// Bits of the modifiers every keyboard description has.
-constexpr quint32 shift = 1;
-constexpr quint32 control = 4;
-
-struct Chord
-{
-    std::vector<quint32> keys; // kernel codes, as they go down; the last is no modifier
-    quint32 modifiers = 0;
-};
-
-Chord partsOf(PasteChord chord)
-{
-    switch (chord) {
-    case PasteChord::ShiftInsert:
-        return {{KEY_LEFTSHIFT, KEY_INSERT}, shift};
-    case PasteChord::ControlV:
-        break;
-    }
-    return {{KEY_LEFTCTRL, KEY_V}, control};
-}
 
 // Milliseconds of the clock that input events carry.
 quint32 now()
@@ -92,12 +70,12 @@ std::optional<PasteChord> WaylandSyntheticKeyboard::pasteChordOfFocusedWindow()
     const auto application = m_focused();
     if (application.isKeyboardHeld)
         return std::nullopt;
-    return pasteChordOf(application.names);
+    return pasteChordOf(application);
 }
 
 bool WaylandSyntheticKeyboard::post(PasteChord pasteChord)
 {
-    const auto chord = partsOf(pasteChord);
+    const auto chord = ChordKeys::of(pasteChord);
     const auto lock = m_connection.lock();
     for (const auto key : chord.keys) {
         if (key == chord.keys.back())

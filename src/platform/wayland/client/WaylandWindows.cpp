@@ -49,9 +49,11 @@ FocusedApplication WaylandWindows::focusedApplication()
 {
     const auto lock = m_connection.lock();
     const auto *const window = latest(true);
-    if (window == nullptr || !window->isActive)
-        return {};
-    return {{window->application}, false};
+    FocusedApplication application;
+    application.isUnknown = window == nullptr || !window->isActive;
+    if (!application.isUnknown)
+        application.names << window->application;
+    return application;
 }
 
 bool WaylandWindows::returnFocus()
