@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // As the application runs on GNOME.
-const bool isOnX = qputenv("QT_QPA_PLATFORM", "xcb");
+const bool isOnX = qEnvironmentVariableIsSet("DISPLAY") && qputenv("QT_QPA_PLATFORM", "xcb");
 
 bool awaitFocusOf(const QByteArray &name)
 {
