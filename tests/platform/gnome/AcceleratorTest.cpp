@@ -4,7 +4,6 @@
 #include "ModifierKeys.h"
 
 #include <gtest/gtest.h>
-
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 using namespace Qt::StringLiterals;
