@@ -99,10 +99,10 @@ bool takesDesktop(Command command)
         || command == Command::Check || command == Command::CheckOnline;
 }
 
-// An instance that crashed while it recorded may have left Escape to us on the whole desktop.
-InstanceAnswer cancel()
+// An instance that crashed may have left its hotkey and Escape to us on the whole desktop.
+InstanceAnswer press(InstanceCommand command)
 {
-    const auto answer = InstanceChannel::ask(InstanceCommand::CancelRecording);
+    const auto answer = InstanceChannel::ask(command);
     const auto keybindings =
         answer == InstanceAnswer::NotRunning ? GnomeModule::openKeybindings() : nullptr;
     if (keybindings)
@@ -123,9 +123,9 @@ std::optional<int> dispatch(Command command)
     case Command::Show:
         return show();
     case Command::Toggle:
-        return statusOf(InstanceChannel::ask(InstanceCommand::ToggleRecording));
+        return statusOf(press(InstanceCommand::ToggleRecording));
     case Command::Cancel:
-        return statusOf(cancel());
+        return statusOf(press(InstanceCommand::CancelRecording));
     case Command::Quit:
         return statusOf(InstanceChannel::askToQuit());
     case Command::AutostartOn:

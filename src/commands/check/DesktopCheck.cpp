@@ -44,8 +44,10 @@ int tryToHave(const Backends &backends, const HotKeyConfig &hotKey)
     return status;
 }
 
-QString refusal(int status, const QString &hotKey)
+QString refusal(int status, const QString &hotKey, const QString &owner)
 {
+    if (!owner.isEmpty())
+        return hotKey + u" has another meaning on this desktop: "_s + owner + u'.';
     switch (status) {
     case taken:
         return hotKey + u" is taken by another program; the display does not tell which."_s;
@@ -93,7 +95,7 @@ Finding DesktopCheck::hotKey(const Backends &backends, const HotKeyConfig &hotKe
                 u"Choose it again on the first page, or start Wrenfold again."_s};
     return {Verdict::Fails,
             subject,
-            refusal(status, hotKey.displayName),
+            refusal(status, hotKey.displayName, backends.hotKeys->takenBy()),
             u"Choose another on the first page, or bind \"wrenfold --toggle\" to a key in the "
             "desktop's settings."_s};
 }
