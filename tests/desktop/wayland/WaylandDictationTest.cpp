@@ -26,12 +26,15 @@ struct Session
 {
     QString terminal;
     QString escapeIsBound;
+    QString closeWindow; // the application's own; fails as long as there is none
 };
 const Session sway{u"foot -- sh -c \"cat > %1\""_s,
-                   u"test 1 = $(wc -l < $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings)"_s};
+                   u"test 1 = $(wc -l < $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings)"_s,
+                   u"swaymsg '[app_id=local.wrenfold] kill'"_s};
 const Session kde{u"konsole -e sh -c \"cat > %1\""_s,
                   u"gdbus call --session --dest org.kde.kglobalaccel --object-path /kglobalaccel "
-                  "--method org.kde.KGlobalAccel.action 16777216 | grep -q wrenfold"_s};
+                  "--method org.kde.KGlobalAccel.action 16777216 | grep -q wrenfold"_s,
+                  QStringLiteral(WRENFOLD_KWIN_CLOSE " Wrenfold")};
 
 const std::vector<int> hotKey{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_SPACE};
 const QString spoken = u"我们今天 ship 新版本 🚀\n下一步 review。"_s;
@@ -79,16 +82,8 @@ protected:
         AppConfig::save(config);
         application.reset();
         application = WrenfoldApplication::launch();
-        closeWindow();
-    }
-
-    // The application's own window, which takes the focus when it comes.
-    void closeWindow() const
-    {
-        if (&session != &sway)
-            return; // a slow terminal comes later
-        const auto close = u"swaymsg '[app_id=local.wrenfold] kill'"_s;
-        EXPECT_TRUE(waitUntil([&] { return runCommand(close).exitCode == 0; }));
+        // It takes the focus when it comes.
+        EXPECT_TRUE(waitUntil([this] { return runCommand(session.closeWindow).exitCode == 0; }));
     }
 
     void press(const QString &text, qsizetype times = 1, const std::vector<int> &keys = hotKey)
@@ -169,6 +164,21 @@ TEST_F(WaylandDictation, EscapeIsOursOnlyWhileRecordingAndNotAfterACrash)
     press(u"Recording started."_s);
     EXPECT_EQ(application->end(SIGTERM), 0);
     EXPECT_TRUE(escapeReachesTheTerminal());
+}
+
+TEST_F(WaylandDictation, ArrivesWhileAModifierIsHeld)
+{
+    launch({101, 0, u"F9"_s});
+    open({session.terminal, {KEY_ENTER}, u"\n"_s});
+    qsizetype times = 0;
+    for (const int held : {KEY_LEFTSHIFT, KEY_LEFTMETA, KEY_LEFTALT, KEY_LEFTCTRL}) {
+        press(u"Recording started."_s, ++times, {KEY_F9});
+        keyboard.move({KEY_F9, -KEY_F9, held});
+        EXPECT_TRUE(WrenfoldApplication::waitForLog(u"Paste delivered."_s, times));
+        EXPECT_TRUE(waitUntil([&] { return saved().count(spoken.section(u'\n', 0, 0)) == times; }))
+            << held << ' ' << saved().toStdString();
+        keyboard.move({-held});
+    }
 }
 
 TEST_F(WaylandDictation, AModifierKeyOnItsOwnIsTakenOnItsSideAlone)
