@@ -40,6 +40,21 @@ private:
     QRegion m_region;
 };
 
+// A surface that keeps what it is shown.
+class KeptPicture final : public OverlaySurface
+{
+public:
+    void show(const QImage &shown) override
+    {
+        picture = shown;
+        ++shows;
+    }
+    void hide() override { picture = {}; }
+
+    QImage picture;
+    int shows = 0;
+};
+
 class VoiceOverlayControllerTest : public testing::Test
 {
 protected:
@@ -103,4 +118,27 @@ TEST_F(VoiceOverlayControllerTest, redrawsWhatMovesWhileItIsShown)
     EXPECT_EQ(m_overlay.shownMode(), m_typing);
     m_overlay.hide();
     EXPECT_FALSE(m_view->isAnimating() || m_view->isVisible() || m_overlay.shownMode());
+}
+
+TEST(VoiceOverlaySurface, getsAPictureOfEveryStepInTheWindowsPlace)
+{
+    VirtualMainQueue queue;
+    KeptPicture surface;
+    VoiceOverlayController overlay(
+        queue, [] { return true; }, &surface);
+    overlay.show(VoiceOverlayMode::typing(u"正在识别"_s));
+    const auto first = surface.picture;
+    EXPECT_EQ(first.deviceIndependentSize(), QSizeF(240, 76));
+    EXPECT_EQ(qAlpha(first.pixel(2, 2)), 0);
+    EXPECT_GT(qAlpha(first.pixel(120, 26)), 200);
+    queue.advance(400ms);
+    EXPECT_NE(surface.picture, first);
+    for (const auto *const window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->isVisible());
+    overlay.show(VoiceOverlayMode::status(u"已取消"_s));
+    const int shows = surface.shows;
+    queue.advance(400ms); // nothing moves
+    EXPECT_EQ(surface.shows, shows);
+    overlay.hide();
+    EXPECT_TRUE(surface.picture.isNull() && !overlay.shownMode());
 }
