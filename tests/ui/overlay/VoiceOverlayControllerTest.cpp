@@ -124,8 +124,8 @@ TEST(VoiceOverlaySurface, getsAPictureOfEveryStepInTheWindowsPlace)
 {
     VirtualMainQueue queue;
     KeptPicture surface;
-    VoiceOverlayController overlay(
-        queue, [] { return true; }, &surface);
+    VoiceOverlayController overlay(queue,
+                                   {[] { return true; }, &QScreen::availableGeometry, &surface});
     overlay.show(VoiceOverlayMode::typing(u"正在识别"_s));
     const auto first = surface.picture;
     EXPECT_EQ(first.deviceIndependentSize(), QSizeF(240, 76));
