@@ -14,6 +14,7 @@
 #include "OverlayMessages.h"
 #include "StatusToolTip.h"
 #include "StatusWords.h"
+#include "TerminationSignals.h"
 #include "Text.h"
 #include "VolcengineFlashASR.h"
 #include "WaylandSession.h"
@@ -180,14 +181,17 @@ void AppDelegate::takeOverOrHandOver()
 void AppDelegate::installDuplicateLaunchObserver()
 {
     const bool isOpen = m_instanceChannel.open(
-        [this](auto command, auto askedAt) { handleInstanceCommand(command, askedAt); },
+        [this](auto command, auto askedAt) { return handleInstanceCommand(command, askedAt); },
         [this] { return m_globalHotKeys.hasHotKey(); });
     if (!isOpen)
         AppLogger::warning(u"Duplicate launch requests cannot be received. No session bus."_s);
 }
 
-void AppDelegate::handleInstanceCommand(InstanceCommand command, InstanceChannel::Time askedAt)
+bool AppDelegate::handleInstanceCommand(InstanceCommand command, InstanceChannel::Time askedAt)
 {
+    // On its way out, with the signal behind this request in the event loop's queue.
+    if (TerminationSignals::hasArrived())
+        return false;
     switch (command) {
     case InstanceCommand::ShowMainWindow:
         handleDuplicateLaunchRequest();
@@ -204,6 +208,7 @@ void AppDelegate::handleInstanceCommand(InstanceCommand command, InstanceChannel
         QCoreApplication::quit();
         break;
     }
+    return true;
 }
 
 void AppDelegate::handleDuplicateLaunchRequest()

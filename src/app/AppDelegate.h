@@ -62,7 +62,7 @@ private:
     InstanceAnswer requestExistingInstanceToShow();
     void takeOverOrHandOver();
     void installDuplicateLaunchObserver();
-    void handleInstanceCommand(InstanceCommand command, InstanceChannel::Time askedAt);
+    bool handleInstanceCommand(InstanceCommand command, InstanceChannel::Time askedAt);
     void handleDuplicateLaunchRequest();
     void configureStatusMenu();
     void loadConfig();

@@ -25,5 +25,5 @@ public:
     bool trusted = true;
     bool canPost = true;
     std::atomic<bool> isHeld = false;
-    int posted = 0;
+    std::atomic<int> posted = 0;
 };

@@ -182,6 +182,6 @@ bool InstanceChannel::hasHotKey() const
 
 void InstanceChannel::handle(InstanceCommand command, Time askedAt) const
 {
-    if (m_handler)
-        m_handler(command, askedAt);
+    if (!m_handler || !m_handler(command, askedAt))
+        setDelayedReply(true);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusContext>
 #include <QObject>
 
 #include <chrono>
@@ -25,14 +26,15 @@ enum class InstanceAnswer {
 
 // The only channel between two processes of ours: an object on the session bus, which belongs to
 // one user and session. Main thread only.
-class InstanceChannel final : public QObject
+class InstanceChannel final : public QObject, public QDBusContext
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "local.wrenfold")
 public:
     using Time = std::chrono::steady_clock::time_point;
     // `askedAt` is when the process was started that asks.
-    using Handler = std::function<void(InstanceCommand, Time askedAt)>;
+    // False leaves the request without an answer.
+    using Handler = std::function<bool(InstanceCommand, Time askedAt)>;
 
     InstanceChannel() = default;
     ~InstanceChannel() override;

@@ -17,11 +17,13 @@ constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
 
 // The one thing a signal handler can reach: where it reports; -1 when nobody listens.
 std::atomic<int> reportDescriptor = -1;
-static_assert(std::atomic<int>::is_always_lock_free);
+std::atomic<bool> hasReport = false;
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
 
 void reportSignal(int)
 {
     const int savedError = errno;
+    hasReport = true;
     const quint64 one = 1;
     // A full counter means that a report is waiting already.
     [[maybe_unused]] const auto written = write(reportDescriptor.load(), &one, sizeof one);
@@ -62,6 +64,7 @@ TerminationSignals::TerminationSignals(std::function<void()> handler)
 {
     Q_ASSERT(reportDescriptor.load() == -1);
     reportDescriptor = m_descriptor;
+    hasReport = false;
     QObject::connect(
         m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { handleOnce(); });
     for (const int signal : handledSignals)
@@ -77,6 +80,11 @@ TerminationSignals::~TerminationSignals()
     reportDescriptor = -1;
     m_notifier.reset();
     close(m_descriptor);
+}
+
+bool TerminationSignals::hasArrived()
+{
+    return hasReport;
 }
 
 void TerminationSignals::handleOnce()

@@ -20,6 +20,9 @@ public:
     TerminationSignals(const TerminationSignals &) = delete;
     TerminationSignals &operator=(const TerminationSignals &) = delete;
 
+    // Whether one has arrived, which the event loop may not have come to yet. From any thread.
+    [[nodiscard]] static bool hasArrived();
+
 private:
     void handleOnce();
 
