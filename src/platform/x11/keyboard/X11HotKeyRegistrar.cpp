@@ -25,6 +25,13 @@ constexpr int takenByAnother = 10; // the protocol's "bad access"
 // is a press whose release went unseen.
 constexpr quint32 longestRepeatGap = 5000;
 
+// Whether an event came just before another that was read first. The server's clock of milliseconds
+// starts anew after 49 days, so that what came long before may look later, and never matters.
+bool isJustBefore(quint32 time, quint32 other)
+{
+    return time != other && other - time < longestRepeatGap;
+}
+
 } // namespace
 
 X11HotKeyRegistrar::X11HotKeyRegistrar(X11InputConnection &input)
@@ -117,12 +124,12 @@ std::optional<quint8> X11HotKeyRegistrar::keyFor(quint32 keyCode) const
 void X11HotKeyRegistrar::noteIfHeld(quint8 key)
 {
     const auto isDown = [this, key] { return std::ranges::count(m_input.keysDown(), key) > 0; };
-    if (m_heldSince.contains(key) || !m_input.canWatch() || !isDown())
+    if (m_held.contains(key) || !m_input.canWatch() || !isDown())
         return;
     watchReleases();
     if (isDown())
-        setHeld(key, std::nullopt);
-    else if (m_heldSince.empty())
+        setHeld(key, {});
+    else if (m_held.empty())
         m_input.removeListener(this);
 }
 
@@ -133,7 +140,7 @@ void X11HotKeyRegistrar::unregisterHotKey(HotKeyId id)
         std::find_if(first, last, [](const auto &entry) { return !entry.second.isLeaving; });
     if (active == last)
         return;
-    if (m_heldSince.contains(active->second.key)) {
+    if (m_held.contains(active->second.key)) {
         active->second.isLeaving = true;
         return;
     }
@@ -238,33 +245,43 @@ void X11HotKeyRegistrar::handleEvent(const void *event)
 void X11HotKeyRegistrar::handlePress(quint8 key, quint16 state, quint32 time)
 {
     // The release before this press comes on the other connection, and may not be read yet.
-    if (m_heldSince.contains(key) && m_input.canWatch())
+    if (m_held.contains(key) && m_input.canWatch())
         m_input.catchUp();
-    const auto held = m_heldSince.find(key);
-    const bool isRepeat =
-        held != m_heldSince.end() && (!held->second || time - *held->second < longestRepeatGap);
-    setHeld(key, time);
+    // The last repeat before a release may be read after it.
+    if (const auto from = m_pressableFrom.find(key);
+        from != m_pressableFrom.end() && isJustBefore(time, from->second)) {
+        freeKeyboard();
+        return;
+    }
+    const auto held = m_held.find(key);
+    const bool isRepeat = held != m_held.end()
+        && (!held->second.latestPress || time - *held->second.latestPress < longestRepeatGap);
+    setHeld(key, {time, isRepeat});
     if (!isRepeat)
         if (const auto id = hotKeyFor(key, state); id && m_handler)
             m_handler(*id);
     if (!m_input.canWatch())
         return; // the keyboard stays grabbed until the release, which tells of it
     // Watched before the keyboard is freed, so that the release is seen one way or the other.
-    if (m_heldSince.size() == 1 && !isRepeat)
+    if (m_held.size() == 1 && !isRepeat)
         watchReleases();
     // Each grab takes the focus from the application in front for a moment: that of the first
     // repeat stays until the release, unless keys are posted meanwhile.
     const std::lock_guard lock(m_yieldMutex);
     m_hasYielded &= isRepeat;
-    if (isRepeat && !m_hasYielded)
-        return;
+    if (!isRepeat || m_hasYielded)
+        freeKeyboard();
+}
+
+void X11HotKeyRegistrar::freeKeyboard()
+{
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
     xcb_flush(m_connection.get());
 }
 
-void X11HotKeyRegistrar::setHeld(quint8 key, std::optional<quint32> time)
+void X11HotKeyRegistrar::setHeld(quint8 key, Hold hold)
 {
-    m_heldSince[key] = time;
+    m_held[key] = hold;
     const std::lock_guard lock(m_yieldMutex);
     m_isKeyHeld = true;
 }
@@ -293,14 +310,15 @@ void X11HotKeyRegistrar::watchReleases()
 
 void X11HotKeyRegistrar::handleRelease(quint8 key, quint32 time)
 {
-    const auto held = m_heldSince.find(key);
-    if (held == m_heldSince.end())
+    const auto held = m_held.find(key);
+    if (held == m_held.end())
         return;
     // The two connections may tell of a release late, when the key is down again.
-    if (held->second && static_cast<qint32>(time - *held->second) < 0)
+    if (held->second.latestPress && isJustBefore(time, *held->second.latestPress))
         return;
-    m_heldSince.erase(held);
-    if (m_heldSince.empty()) {
+    m_pressableFrom[key] = held->second.repeats ? time + 1 : time;
+    m_held.erase(held);
+    if (m_held.empty()) {
         m_input.removeListener(this);
         const std::lock_guard lock(m_yieldMutex);
         m_isKeyHeld = false;

@@ -44,6 +44,13 @@ private:
         }
     };
 
+    // A key that is down.
+    struct Hold
+    {
+        std::optional<quint32> latestPress; // the server's time; absent while none came to us
+        bool repeats = true; // whether it may have, rather than just been pressed
+    };
+
     // What grabs are made of; changes with the keyboard map.
     struct Keys
     {
@@ -60,7 +67,8 @@ private:
     void handleRelease(quint8 key, quint32 time);
     void watchReleases();
     void noteIfHeld(quint8 key);
-    void setHeld(quint8 key, std::optional<quint32> time);
+    void setHeld(quint8 key, Hold hold);
+    void freeKeyboard();
     void yieldKeyboard();
     [[nodiscard]] std::optional<quint8> keyFor(quint32 keyCode) const;
     [[nodiscard]] std::vector<quint32> statesOf(const Grab &combination) const;
@@ -77,8 +85,9 @@ private:
     Handler m_handler;
     Keys m_keys;
     std::multimap<HotKeyId, Grab> m_grabs;
-    // By key, the server's time of its latest press; absent when that came before the registration.
-    std::map<quint8, std::optional<quint32>> m_heldSince;
+    std::map<quint8, Hold> m_held; // by key
+    // By key, the server's time from which on a press is none of the repeats before its release.
+    std::map<quint8, quint32> m_pressableFrom;
     std::mutex m_yieldMutex; // guards what follows
     bool m_isKeyHeld = false;
     bool m_hasYielded = false; // for keys that were posted while it is held
