@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // For an answer; one application that hangs must not hold up the others.
-constexpr int answerLimitMs = 150;
+constexpr int focusAnswerLimitMs = 150;
 // Of the first word of an object's states.
 constexpr quint32 activeState = 1U << 1;
 
@@ -36,7 +36,7 @@ QDBusConnection accessibilityBus()
     const auto question = QDBusMessage::createMethodCall(
         u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s);
     const QDBusReply<QString> address =
-        QDBusConnection::sessionBus().call(question, QDBus::Block, answerLimitMs);
+        QDBusConnection::sessionBus().call(question, QDBus::Block, focusAnswerLimitMs);
     return QDBusConnection::connectToBus(address.value(), name);
 }
 
@@ -44,7 +44,7 @@ QDBusPendingCall ask(const QDBusConnection &bus, const Accessible &object, const
 {
     const auto question = QDBusMessage::createMethodCall(
         object.service, object.path, u"org.a11y.atspi.Accessible"_s, member);
-    return bus.asyncCall(question, answerLimitMs);
+    return bus.asyncCall(question, focusAnswerLimitMs);
 }
 
 std::vector<QDBusPendingCall>
@@ -101,7 +101,7 @@ QString nameOf(const QDBusConnection &bus, const Accessible &application)
     auto question = QDBusMessage::createMethodCall(
         application.service, application.path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     question << u"org.a11y.atspi.Accessible"_s << u"Name"_s;
-    const QDBusReply<QDBusVariant> name = bus.call(question, QDBus::Block, answerLimitMs);
+    const QDBusReply<QDBusVariant> name = bus.call(question, QDBus::Block, focusAnswerLimitMs);
     return name.isValid() ? name.value().variant().toString() : QString();
 }
 

@@ -24,7 +24,7 @@ constexpr int closeLimitMs = 100;
 // Longer than an instance takes to quit, with a disk that does not answer.
 constexpr auto quitLimit = 6s;
 
-constexpr auto path = "/local/wrenfold"_L1;
+constexpr auto objectPath = "/local/wrenfold"_L1;
 
 // The clock is the same in all processes.
 qlonglong toMilliseconds(InstanceChannel::Time time)
@@ -50,7 +50,7 @@ QString member(InstanceCommand command)
 QDBusMessage reply(const QString &member, const QVariantList &arguments = {})
 {
     const QString name = AppRuntime::bundleIdentifier;
-    auto request = QDBusMessage::createMethodCall(name, path, name, member);
+    auto request = QDBusMessage::createMethodCall(name, objectPath, name, member);
     request.setAutoStartService(false);
     request.setArguments(arguments);
     return QDBusConnection::sessionBus().call(request, QDBus::Block, answerLimitMs);
@@ -128,7 +128,7 @@ bool InstanceChannel::open(Handler handler, std::function<bool()> hasHotKey)
 {
     close();
     auto bus = QDBusConnection::sessionBus();
-    if (!bus.registerObject(path, this, QDBusConnection::ExportScriptableInvokables))
+    if (!bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableInvokables))
         return false;
     m_handler = std::move(handler);
     m_hasHotKey = std::move(hasHotKey);
@@ -144,7 +144,7 @@ void InstanceChannel::close()
         return;
     m_handler = {};
     auto bus = QDBusConnection::sessionBus();
-    bus.unregisterObject(path);
+    bus.unregisterObject(objectPath);
     // Once this is answered, so is whatever was asked before.
     const QString name = AppRuntime::bundleIdentifier;
     bus.call(nameRequest(u"ReleaseName"_s, {name}), QDBus::Block, closeLimitMs);

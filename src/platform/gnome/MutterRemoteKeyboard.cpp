@@ -9,7 +9,6 @@
 #include <QDBusReply>
 
 #include <chrono>
-#include <ranges>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -93,7 +92,7 @@ bool MutterRemoteKeyboard::tap(const std::vector<quint32> &chord)
         return false;
     for (const auto key : chord)
         isTapped = session.move(key, true) && isTapped;
-    for (const auto key : std::views::reverse(chord))
-        isTapped = session.move(key, false) && isTapped;
+    for (auto key = chord.rbegin(); key != chord.rend(); ++key)
+        isTapped = session.move(*key, false) && isTapped;
     return isTapped;
 }

@@ -9,7 +9,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <ranges>
+#include <utility>
 #include <wordexp.h>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +20,7 @@ constexpr int deepestInclude = 16;
 // Stands for modifiers that no hotkey of ours can have.
 constexpr quint32 foreignModifier = 0x80000000;
 
-constexpr std::pair<QLatin1StringView, quint32> modifierNames[] = {
+constexpr std::pair<QLatin1StringView, quint32> modifiersByName[] = {
     {"shift"_L1, StoredModifier::shift},
     {"ctrl"_L1, StoredModifier::control},
     {"control"_L1, StoredModifier::control},
@@ -49,8 +49,8 @@ QStringList filesOf(const QString &pattern)
 
 } // namespace
 
-SwayConfiguration::SwayConfiguration(const QString &text, const QString &folder)
-    : m_folder(folder)
+SwayConfiguration::SwayConfiguration(const QString &text, QString folder)
+    : m_folder(std::move(folder))
 {
     read(text, 0);
 }
@@ -74,8 +74,8 @@ void SwayConfiguration::readLine(QString line, int depth)
     if (line.startsWith(u'#') || line.isEmpty())
         return;
     // Of variables whose names begin alike the longest is meant.
-    for (const auto &[name, value] : std::views::reverse(m_variables))
-        line.replace(name, value);
+    for (auto variable = m_variables.rbegin(); variable != m_variables.rend(); ++variable)
+        line.replace(variable->first, variable->second);
     auto words = QProcess::splitCommand(line);
     const bool opens = line.endsWith(u'{');
     if (line == "}"_L1 && !m_blocks.isEmpty()) {
@@ -121,8 +121,8 @@ void SwayConfiguration::readBinding(const QString &command, QStringList words)
     const auto parts = words[0].toLower().split(u'+');
     for (const auto &part : parts) {
         const auto *const modifier =
-            std::ranges::find(modifierNames, part, [](const auto &row) { return row.first; });
-        if (modifier != std::end(modifierNames))
+            std::ranges::find(modifiersByName, part, [](const auto &row) { return row.first; });
+        if (modifier != std::end(modifiersByName))
             modifiers |= modifier->second;
         else
             key = part;

@@ -13,7 +13,7 @@ class SwayConfiguration final
 {
 public:
     // Reads a configuration and what it includes; relative paths start in `folder`.
-    SwayConfiguration(const QString &text, const QString &folder);
+    SwayConfiguration(const QString &text, QString folder);
 
     // Whether one of these keys, by any of the names the configuration may have for it (symbols, or
     // a key code), is bound with exactly these modifiers, a mask of StoredModifier bits.

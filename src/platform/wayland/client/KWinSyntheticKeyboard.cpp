@@ -10,8 +10,6 @@
 #include "WaylandConnection.h"
 #include "fake-input.h"
 
-#include <ranges>
-
 bool KWinSyntheticKeyboard::isOffered(const WaylandConnection &connection)
 {
     return connection.offers(org_kde_kwin_fake_input_interface.name);
@@ -52,8 +50,8 @@ bool KWinSyntheticKeyboard::post(PasteChord chord)
     const auto keys = ChordKeys::of(chord).keys;
     for (const auto key : keys)
         press(key, true);
-    for (const auto key : std::views::reverse(keys))
-        press(key, false);
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+        press(*key, false);
     m_connection.flush();
     return true;
 }

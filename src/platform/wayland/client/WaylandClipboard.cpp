@@ -76,6 +76,7 @@ WaylandClipboard::WaylandClipboard(WaylandConnection &connection)
           zwlr_data_control_manager_v1_interface, 2))
 {
     const auto lock = m_connection.lock();
+    // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): only while the lock is held
     m_device = zwlr_data_control_manager_v1_get_data_device(m_manager, m_connection.seat());
     zwlr_data_control_device_v1_add_listener(m_device, &deviceListener, nullptr);
 }

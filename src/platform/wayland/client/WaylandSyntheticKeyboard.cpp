@@ -10,8 +10,6 @@
 
 #include <QElapsedTimer>
 
-#include <ranges>
-
 #include <sys/mman.h>
 #include <unistd.h>
 #include <wayland-client.h>
@@ -82,8 +80,8 @@ bool WaylandSyntheticKeyboard::post(PasteChord pasteChord)
             zwp_virtual_keyboard_v1_modifiers(m_keyboard, chord.modifiers, 0, 0, 0);
         zwp_virtual_keyboard_v1_key(m_keyboard, now(), key, WL_KEYBOARD_KEY_STATE_PRESSED);
     }
-    for (const auto key : std::views::reverse(chord.keys))
-        zwp_virtual_keyboard_v1_key(m_keyboard, now(), key, WL_KEYBOARD_KEY_STATE_RELEASED);
+    for (auto key = chord.keys.rbegin(); key != chord.keys.rend(); ++key)
+        zwp_virtual_keyboard_v1_key(m_keyboard, now(), *key, WL_KEYBOARD_KEY_STATE_RELEASED);
     zwp_virtual_keyboard_v1_modifiers(m_keyboard, 0, 0, 0, 0);
     m_connection.flush();
     return true;

@@ -36,9 +36,9 @@ private:
 
     static void
     add(void *self, zwlr_foreign_toplevel_manager_v1 *, zwlr_foreign_toplevel_handle_v1 *handle);
-    static void setApplication(void *window, zwlr_foreign_toplevel_handle_v1 *, const char *name);
-    static void setState(void *window, zwlr_foreign_toplevel_handle_v1 *, wl_array *states);
-    static void remove(void *window, zwlr_foreign_toplevel_handle_v1 *handle);
+    static void setApplication(void *data, zwlr_foreign_toplevel_handle_v1 *, const char *name);
+    static void setState(void *data, zwlr_foreign_toplevel_handle_v1 *, wl_array *states);
+    static void remove(void *data, zwlr_foreign_toplevel_handle_v1 *handle);
 
     [[nodiscard]] const Window *latest(bool withOurs) const;
 

@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto longestWait = 1000ms;
-constexpr auto waitStep = 4ms;
+constexpr auto longestFocusWait = 1000ms;
+constexpr auto focusWaitStep = 4ms;
 
 // What all windows of one client have in common.
 quint32 clientOf(xcb_connection_t *connection, quint32 window)
@@ -67,11 +67,11 @@ bool X11FocusReturn::returnFocus()
 
 bool X11FocusReturn::waitForFocus(const std::function<bool(quint32 client)> &isRight)
 {
-    const auto deadline = std::chrono::steady_clock::now() + longestWait;
+    const auto deadline = std::chrono::steady_clock::now() + longestFocusWait;
     while (!isRight(clientOf(m_connection.get(), focusedWindow()))) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;
-        std::this_thread::sleep_for(waitStep);
+        std::this_thread::sleep_for(focusWaitStep);
     }
     return true;
 }

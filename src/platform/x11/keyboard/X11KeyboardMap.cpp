@@ -18,6 +18,7 @@ xcb_xkb_get_map_cookie_t
 requestMap(xcb_connection_t *connection, xcb_xkb_device_spec_t keyboard, quint16 parts)
 {
     constexpr quint8 none = 0;
+    // NOLINTNEXTLINE(readability-suspicious-call-argument): the parts asked for are whole
     return xcb_xkb_get_map(connection,
                            keyboard,
                            parts,

@@ -11,7 +11,8 @@
 struct HttpAddress
 {
     HttpAddress() = default;
-    HttpAddress(QUrl hostUrl); // implicit: every URL is an address
+    // Implicit: every URL is an address.
+    HttpAddress(QUrl hostUrl); // NOLINT(google-explicit-constructor)
 
     QUrl url; // what is asked for, of the scheme http or https
     QString socketPath; // of the unix socket that is asked instead of the URL's host; may be empty
