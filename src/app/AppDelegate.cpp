@@ -104,7 +104,7 @@ void AppDelegate::launch()
         m_mainQueue.post([this] { showGettingStarted(); });
     promptForAccessibilityPermissionIfNeeded();
     AppLogger::info(u"Launch finished."_s);
-    AppLogger::info(m_backends.summary);
+    AppLogger::info(m_backends.ways.summary());
     if (m_backends.usesXWayland)
         WaylandSession::warnOfLimits();
     m_statusMenu.showWhenHosted(std::move(m_backends.trayHosts));

@@ -53,9 +53,7 @@ void reachBeyondX(Backends &backends, X11InputConnection &input)
     auto keybindings = GnomeModule::openKeybindings();
     const bool canPress = MutterRemoteKeyboard::isThere();
     backends.usesXWayland = !keybindings || !canPress;
-    backends.summary = "Desktop: XWayland. hotkey="_L1
-        + (keybindings ? "gnome-settings"_L1 : "x11"_L1) + " clipboard=x11 keys="_L1
-        + (canPress ? "xtest,mutter"_L1 : "xtest"_L1) + " overlay=x11"_L1;
+    backends.ways = DesktopWays::ofXWayland(keybindings != nullptr, canPress);
     std::function<bool(quint32)> isHotKey = [](quint32) { return false; };
     if (keybindings) {
         auto hotKeys = std::make_unique<GnomeHotKeyRegistrar>(std::move(keybindings), input);
@@ -85,21 +83,21 @@ Backends backendsOfX11()
     backends.hasCompositor = &hasCompositor;
     backends.workArea = &workArea;
     backends.keyCharacters = &charactersTypedBy;
-    backends.summary = u"Desktop: X11."_s;
+    backends.ways = DesktopWays::ofX11(backends.keyboard->isTrusted());
     if (WaylandSession::isCurrent())
         reachBeyondX(backends, *input);
     return backends;
 }
 
-// Null when nothing lets us hear a key everywhere.
-std::unique_ptr<HotKeyRegistrar> makeHotKeys(bool isSway,
-                                             const std::function<QString(quint32)> &keyCharacters)
+// The service and what it is called; none when nothing lets us hear a key everywhere.
+std::pair<std::unique_ptr<HotKeyRegistrar>, QString>
+makeHotKeys(bool isSway, const std::function<QString(quint32)> &keyCharacters)
 {
     if (isSway)
-        return std::make_unique<SwayHotKeyRegistrar>(keyCharacters);
+        return {std::make_unique<SwayHotKeyRegistrar>(keyCharacters), u"sway"_s};
     if (KdeHotKeyRegistrar::isThere())
-        return std::make_unique<KdeHotKeyRegistrar>(keyCharacters);
-    return std::make_unique<NoHotKeys>();
+        return {std::make_unique<KdeHotKeyRegistrar>(keyCharacters), u"kglobalaccel"_s};
+    return {std::make_unique<NoHotKeys>(), u"none"_s};
 }
 
 Backends backendsOf(const std::shared_ptr<WaylandDesktop> &desktop)
@@ -115,12 +113,9 @@ Backends backendsOf(const std::shared_ptr<WaylandDesktop> &desktop)
     backends.hasCompositor = [] { return true; };
     backends.workArea = [](const QScreen &screen) { return screen.availableGeometry(); };
     backends.keyCharacters = [desktop](quint32 key) { return desktop->charactersTypedBy(key); };
-    backends.hotKeys = makeHotKeys(isSway, backends.keyCharacters);
-    backends.summary = "Desktop: Wayland. hotkey="_L1
-        + (isSway                              ? "sway"_L1
-               : KdeHotKeyRegistrar::isThere() ? "kglobalaccel"_L1
-                                               : "none"_L1)
-        + QLatin1Char(' ') + desktop->summary();
+    QString hotKeys;
+    std::tie(backends.hotKeys, hotKeys) = makeHotKeys(isSway, backends.keyCharacters);
+    backends.ways = DesktopWays::ofWayland(hotKeys, desktop->ways());
     return backends;
 }
 

@@ -5,6 +5,7 @@
 #include "AudioSystem.h"
 #include "Clipboard.h"
 #include "ColorSchemeWatch.h"
+#include "DesktopWays.h"
 #include "FocusReturn.h"
 #include "HotKeyRegistrar.h"
 #include "ModifierMonitor.h"
@@ -48,8 +49,7 @@ struct Backends
     std::function<QString(quint32 keyCode)> keyCharacters;
     // Whether this is a Wayland desktop of which only the X programs can be reached.
     bool usesXWayland = false;
-    // A line for the log: what does what here, and what cannot be had.
-    QString summary;
+    DesktopWays ways;
 };
 
 // The desktop this process runs on, with a compositor if that is to be used. Needs the application

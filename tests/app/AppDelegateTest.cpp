@@ -60,7 +60,7 @@ protected:
             .workArea = &QScreen::availableGeometry,
             .keyCharacters = {},
             .usesXWayland = false,
-            .summary = u"Desktop: fake."_s,
+            .ways = {},
         };
         delegate.reset();
         delegate = std::make_unique<AppDelegate>(mainQueue, std::move(backends));

@@ -14,6 +14,15 @@
 #include <functional>
 #include <memory>
 
+// The names of the protocols by which things are done, each "none" when the compositor has no such.
+struct WaylandWays
+{
+    QString clipboard;
+    QString keys;
+    QString overlay;
+    QString windows; // which there are and which has the focus
+};
+
 // What a Wayland compositor offers to a program that has no window in front. What it makes must not
 // outlive it. Main thread only.
 class WaylandDesktop
@@ -24,8 +33,7 @@ public:
     WaylandDesktop(const WaylandDesktop &) = delete;
     WaylandDesktop &operator=(const WaylandDesktop &) = delete;
 
-    // Words for the log: what does what, and what cannot be had.
-    [[nodiscard]] virtual QString summary() const = 0;
+    [[nodiscard]] virtual WaylandWays ways() const = 0;
     // Whether keys can be posted to any application and its clipboard be set.
     [[nodiscard]] virtual bool canPaste() const = 0;
     // Listens to the compositor from now on. Should it die, `lost` is called, on any thread.

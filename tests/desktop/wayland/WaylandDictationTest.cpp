@@ -26,14 +26,21 @@ struct Session
 {
     QString terminal;
     QString escapeIsBound;
+    QString ways; // as the log tells them
     QString closeWindow; // the application's own; fails as long as there is none
 };
-const Session sway{u"foot -- sh -c \"cat > %1\""_s,
-                   u"test 1 = $(wc -l < $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings)"_s,
-                   u"swaymsg '[app_id=local.wrenfold] kill'"_s};
+const Session sway{
+    u"foot -- sh -c \"cat > %1\""_s,
+    u"test 1 = $(wc -l < $XDG_RUNTIME_DIR/local.wrenfold.sway-bindings)"_s,
+    u"Wayland. hotkey=sway escape=sway modifiers=sway keys=virtual-keyboard "
+    "clipboard=data-control overlay=layer-shell application=sway monitor=compositor"_s,
+    u"swaymsg '[app_id=local.wrenfold] kill'"_s};
 const Session kde{u"konsole -e sh -c \"cat > %1\""_s,
                   u"gdbus call --session --dest org.kde.kglobalaccel --object-path /kglobalaccel "
                   "--method org.kde.KGlobalAccel.action 16777216 | grep -q wrenfold"_s,
+                  u"Wayland. hotkey=kglobalaccel escape=kglobalaccel modifiers=kglobalaccel "
+                  "keys=fake-input clipboard=data-control overlay=layer-shell application=none "
+                  "monitor=compositor"_s,
                   QStringLiteral(WRENFOLD_KWIN_CLOSE " Wrenfold")};
 
 const std::vector<int> hotKey{KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_SPACE};
@@ -133,6 +140,7 @@ protected:
 TEST_F(WaylandDictation, ArrivesInEditorsAndTerminalsThatHaveTheFocus)
 {
     launch();
+    EXPECT_TRUE(WrenfoldApplication::waitForLog("Desktop: "_L1 + session.ways));
     const Editor editors[] = {{u"mousepad --disable-server %1"_s, {KEY_LEFTCTRL, KEY_S}, {}},
                               {session.terminal, {KEY_ENTER}, u"\n"_s}};
     for (qsizetype times = 1; const auto &editor : editors) {

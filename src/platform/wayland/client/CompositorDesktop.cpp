@@ -28,13 +28,13 @@ public:
     CompositorDesktop(const CompositorDesktop &) = delete;
     CompositorDesktop &operator=(const CompositorDesktop &) = delete;
 
-    [[nodiscard]] QString summary() const override
+    [[nodiscard]] WaylandWays ways() const override
     {
-        return "clipboard="_L1 + chosen<WaylandClipboard>("data-control"_L1) + " keys="_L1
-            + chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1,
-                                               chosen<KWinSyntheticKeyboard>("fake-input"_L1))
-            + " overlay="_L1 + chosen<WaylandOverlaySurface>("layer-shell"_L1) + " windows="_L1
-            + chosen<WaylandWindows>("foreign-toplevel"_L1);
+        return {chosen<WaylandClipboard>("data-control"_L1),
+                chosen<KWinSyntheticKeyboard>(
+                    "fake-input"_L1, chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1)),
+                chosen<WaylandOverlaySurface>("layer-shell"_L1),
+                chosen<WaylandWindows>("foreign-toplevel"_L1)};
     }
 
     [[nodiscard]] bool canPaste() const override
