@@ -44,6 +44,8 @@ public:
     AudioSystem(const AudioSystem &) = delete;
     AudioSystem &operator=(const AudioSystem &) = delete;
 
+    // Whether a server answers, for which it is waited two seconds.
+    [[nodiscard]] virtual bool isThere() = 0;
     // The default input device's own description; empty when there is none. What an output plays
     // is no input.
     [[nodiscard]] virtual QString defaultInputName() = 0;

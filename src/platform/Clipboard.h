@@ -29,6 +29,8 @@ public:
     // focus fetches the text; where the desktop does not tell who fetches, whenever anybody does.
     [[nodiscard]] virtual bool
     offer(const QString &text, ClipboardSelections selections, FetchHandler fetched = {}) = 0;
+    // Whether somebody is known to keep what it holds when this application ends.
+    [[nodiscard]] virtual bool isKeptAfterUs() const = 0;
     // Before the application ends: leaves what it has offered to whoever keeps it from then on, as
     // far as somebody does. Returns within 300 ms.
     virtual void handOver() = 0;

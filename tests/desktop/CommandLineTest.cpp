@@ -133,8 +133,15 @@ TEST(CommandLine, CheckNamesWhatADictationWouldFailAt)
     };
     services->configure();
     expectLine({}, u"ok Hotkey ⌘⇧Space is free."_s, 0);
-    expectLine(u"chmod 755 ~/.wrenfold; "_s, u"note Files others can look into"_s, 0);
-    expectLine(u"PULSE_SERVER=unix:/nonexistent "_s, u"FAILS Microphone"_s, 1);
+    expectLine({}, u"ok Escape it can throw a recording away."_s, 0);
+    expectLine({}, u"note Clipboard texts can be put there; nobody is known to keep"_s, 0);
+    expectLine({}, u"Lone modifiers xinput2 Pressed keys xtest"_s, 0);
+    expectLine(u"chmod 755 ~/.wrenfold; "_s, u".wrenfold is open to others (mode 0755)."_s, 0);
+    expectLine(u"chmod 700 ~/.wrenfold; chmod 644 ~/.wrenfold/config.json; "_s,
+               u"config.json is open to others (mode 0644)."_s,
+               0);
+    expectLine(
+        u"PULSE_SERVER=unix:/nonexistent "_s, u"FAILS Microphone no sound server answers."_s, 1);
     {
         const auto running = WrenfoldApplication::launch();
         expectLine({}, u"ok Hotkey ⌘⇧Space starts a recording."_s, 0);
@@ -153,4 +160,6 @@ TEST(CommandLine, CheckNamesWhatADictationWouldFailAt)
     expectLine({}, u"FAILS Recognition No connection to"_s, 1);
     runCommand(u"echo '{' >~/.wrenfold/config.json"_s);
     expectLine({}, u"FAILS Settings"_s, 1);
+    runCommand(u"pactl unload-module module-remap-source"_s);
+    expectLine({}, u"FAILS Microphone the sound server has none."_s, 1);
 }

@@ -28,6 +28,7 @@ public:
     std::atomic<bool> wasAskedOnMainThread = false;
     QByteArray content = QByteArray(44, '\0');
 
+    [[nodiscard]] bool isThere() override { return true; }
     [[nodiscard]] QString defaultInputName() override
     {
         noteThread();

@@ -20,6 +20,7 @@ public:
         m_fetched = std::move(fetched);
         return true;
     }
+    [[nodiscard]] bool isKeptAfterUs() const override { return false; }
     void handOver() override { ++handOvers; }
 
     // The application in front fetches the text.

@@ -39,6 +39,25 @@ void print(const Finding &finding)
         std::printf("%20s%s\n", "", qUtf8Printable(finding.remedy));
 }
 
+void print(const DesktopWays &ways)
+{
+    std::printf("\nWhat does what on this desktop (%s):\n", qUtf8Printable(ways.session));
+    for (const auto &part : ways.parts)
+        std::printf("%-19s %s%s%s\n",
+                    qUtf8Printable(part.title),
+                    qUtf8Printable(part.way),
+                    part.limit.isEmpty() ? "" : ". ",
+                    qUtf8Printable(part.limit));
+}
+
+Finding session()
+{
+    return {Verdict::Limited,
+            u"Session"_s,
+            u"of this Wayland desktop only programs of X (XWayland) can be reached."_s,
+            u"Start them so, or choose a session on X11 when you log in."_s};
+}
+
 Finding instance(bool isRunning)
 {
     return {isRunning ? Verdict::Works : Verdict::Limited,
@@ -56,12 +75,17 @@ QList<Finding> findings(const Backends &backends, bool isOnline)
 {
     QList<Finding> all;
     const bool isRunning = InstanceChannel::isRunning();
-    all.append(SettingsCheck::fileModes()); // before reading makes them private
+    all += SettingsCheck::fileModes(); // before reading makes them private
     const auto config = SettingsCheck::load(all);
     all += {SettingsCheck::keys(config),
             DesktopCheck::microphone(*backends.audio),
-            DesktopCheck::hotKey(backends, config.hotKey, isRunning),
-            DesktopCheck::paste(*backends.keyboard),
+            DesktopCheck::hotKey(backends, config.hotKey, isRunning)};
+    if (!isRunning)
+        all.append(DesktopCheck::escape(*backends.hotKeys));
+    if (backends.usesXWayland)
+        all.append(session());
+    all += {DesktopCheck::paste(*backends.keyboard),
+            DesktopCheck::clipboard(*backends.clipboard),
             DesktopCheck::overlay(backends),
             DesktopCheck::tray(),
             instance(isRunning),
@@ -83,7 +107,9 @@ QList<Finding> findings(const Backends &backends, bool isOnline)
 int runCheck(const Backends &backends, bool isOnline)
 {
     const auto all = findings(backends, isOnline);
-    std::ranges::for_each(all, &print);
+    for (const auto &finding : all)
+        print(finding);
+    print(backends.ways);
     const bool works = std::ranges::none_of(
         all, [](const auto &finding) { return finding.verdict == Verdict::Fails; });
     std::printf("\n%s\n",

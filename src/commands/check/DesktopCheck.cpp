@@ -3,6 +3,7 @@
 #include "DesktopCheck.h"
 
 #include "InstanceChannel.h"
+#include "VirtualKey.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -70,13 +71,18 @@ Finding DesktopCheck::microphone(AudioSystem &audio)
                 subject,
                 u"the desktop's privacy settings keep it from Wrenfold."_s,
                 u"Allow it there."_s};
+    if (!audio.isThere())
+        return {Verdict::Fails,
+                subject,
+                u"no sound server answers."_s,
+                u"Start one: \"systemctl --user start pipewire-pulse\", or pulseaudio; "
+                "\"pactl info\" tells whether it answers."_s};
     const auto name = audio.defaultInputName();
     if (name.isEmpty())
         return {Verdict::Fails,
                 subject,
-                u"the sound server has none, or does not answer."_s,
-                u"Plug one in and choose it as the input in the desktop's sound settings; "
-                "\"pactl info\" tells whether PulseAudio or PipeWire answers."_s};
+                u"the sound server has none."_s,
+                u"Plug one in and choose it as the input in the desktop's sound settings."_s};
     return {Verdict::Works, subject, name + u'.', {}};
 }
 
@@ -100,6 +106,20 @@ Finding DesktopCheck::hotKey(const Backends &backends, const HotKeyConfig &hotKe
             "desktop's settings."_s};
 }
 
+Finding DesktopCheck::escape(HotKeyRegistrar &hotKeys)
+{
+    const int status = hotKeys.registerHotKey(HotKeyId::Escape, VirtualKey::escape, 0);
+    const auto owner = status == 0 ? QString() : hotKeys.takenBy();
+    hotKeys.unregisterHotKey(HotKeyId::Escape);
+    if (status == 0)
+        return {Verdict::Works, u"Escape"_s, u"it can throw a recording away."_s, {}};
+    return {Verdict::Limited,
+            u"Escape"_s,
+            refusal(status, u"Escape"_s, owner),
+            u"\"wrenfold --cancel\" throws a recording away; bind it to a key in the desktop's "
+            "settings."_s};
+}
+
 Finding DesktopCheck::paste(const SyntheticKeyboard &keyboard)
 {
     if (keyboard.isTrusted())
@@ -109,6 +129,20 @@ Finding DesktopCheck::paste(const SyntheticKeyboard &keyboard)
             u"this desktop lets no program send keys to others."_s,
             u"The text is on the clipboard after a dictation; on X11 the server needs its "
             "extension XTEST."_s};
+}
+
+// Nothing is put there: what the user has on it is not ours to replace.
+Finding DesktopCheck::clipboard(const Clipboard &clipboard)
+{
+    if (clipboard.isKeptAfterUs())
+        return {Verdict::Works,
+                u"Clipboard"_s,
+                u"texts can be put there, and stay when Wrenfold ends."_s,
+                {}};
+    return {Verdict::Limited,
+            u"Clipboard"_s,
+            u"texts can be put there; nobody is known to keep them when Wrenfold ends."_s,
+            u"Nothing needs to be done; a clipboard manager keeps them."_s};
 }
 
 Finding DesktopCheck::overlay(const Backends &backends)

@@ -47,6 +47,34 @@ service(const QString &subject, const std::optional<HttpAddress> &address, HttpS
     }
 }
 
+QString modeOf(const QFileInfo &file)
+{
+    const auto bits = file.permissions().toInt(); // a hexadecimal digit for each whom it is for
+    const auto mode = (bits >> 12 & 7) << 6 | (bits >> 4 & 7) << 3 | (bits & 7);
+    return QString::number(mode, 8).rightJustified(4, u'0');
+}
+
+// What is wrong with the mode of a file or folder, if anything. `loss` is the verdict on one that
+// the user cannot read and write.
+std::optional<Finding> fileMode(const QFileInfo &file, Verdict loss)
+{
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
+        | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const auto path = file.filePath();
+    if (!file.isReadable() || !file.isWritable())
+        return Finding{loss,
+                       u"Files"_s,
+                       u"%1 (mode %2, of %3) cannot be read and written."_s.arg(
+                           path, modeOf(file), file.owner()),
+                       u"Give it to yourself: chown and chmod u+rwX."_s};
+    if ((file.permissions() & others) != 0)
+        return Finding{Verdict::Limited,
+                       u"Files"_s,
+                       u"%1 is open to others (mode %2)."_s.arg(path, modeOf(file)),
+                       "chmod go= "_L1 + path};
+    return {};
+}
+
 } // namespace
 
 AppConfig SettingsCheck::load(QList<Finding> &findings)
@@ -94,24 +122,23 @@ Finding SettingsCheck::keys(const AppConfig &config)
         u"Enter them on the first page, or use services on this machine: wrenfold-local enable."_s};
 }
 
-Finding SettingsCheck::fileModes()
+QList<Finding> SettingsCheck::fileModes()
 {
-    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
-        | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     const QFileInfo folder(DataDirectory::path());
     if (!folder.exists())
-        return {Verdict::Works, u"Files"_s, u"there are none yet."_s, {}};
-    if (!folder.isWritable())
-        return {Verdict::Fails,
-                u"Files"_s,
-                folder.filePath() + u" cannot be written to."_s,
-                u"Give it to yourself: chown and chmod u+rwX."_s};
-    if (folder.permissions() & others)
-        return {Verdict::Limited,
-                u"Files"_s,
-                u"others can look into "_s + folder.filePath() + u'.',
-                u"Wrenfold closes it when it starts."_s};
-    return {Verdict::Works, u"Files"_s, folder.filePath() + u" is yours alone."_s, {}};
+        return {{Verdict::Works, u"Files"_s, u"there are none yet."_s, {}}};
+    QList<Finding> wrong;
+    if (const auto finding = fileMode(folder, Verdict::Fails))
+        wrong.append(*finding);
+    QDirIterator files(folder.filePath(),
+                       QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext())
+        if (const auto finding = fileMode(files.nextFileInfo(), Verdict::Limited))
+            wrong.append(*finding);
+    if (wrong.isEmpty())
+        wrong.append({Verdict::Works, u"Files"_s, folder.filePath() + u" is yours alone."_s, {}});
+    return wrong;
 }
 
 QList<Finding> SettingsCheck::services(const AppConfig &config, HttpSession &http)

@@ -16,8 +16,9 @@ namespace SettingsCheck {
 // them; the template when there are none, and a finding about either.
 [[nodiscard]] AppConfig load(QList<Finding> &findings);
 [[nodiscard]] Finding keys(const AppConfig &config);
-// Who besides the user can get at the folder of settings, history and log.
-[[nodiscard]] Finding fileModes();
+// Which of the files with settings, history and log somebody besides the user can get at, or the
+// user cannot; one finding when there is none.
+[[nodiscard]] QList<Finding> fileModes();
 // Asks both services for any answer, without a key: the way there, its encryption and a first byte.
 [[nodiscard]] QList<Finding> services(const AppConfig &config, HttpSession &http);
 

@@ -17,6 +17,7 @@ public:
     // Starts connecting in the background. `permission` answers requestMicrophonePermission().
     explicit PulseAudioSystem(PermissionRequest permission);
 
+    [[nodiscard]] bool isThere() override { return m_connection.isConnected(); }
     [[nodiscard]] QString defaultInputName() override;
     [[nodiscard]] std::shared_ptr<MicrophonePermissionAnswer> requestMicrophonePermission() override
     {

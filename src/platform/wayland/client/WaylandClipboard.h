@@ -22,6 +22,8 @@ public:
 
     [[nodiscard]] bool
     offer(const QString &text, ClipboardSelections selections, FetchHandler fetched = {}) override;
+    // Clipboard managers are not to be told from others.
+    [[nodiscard]] bool isKeptAfterUs() const override { return false; }
     // Clipboard managers have taken what they keep when it was offered.
     void handOver() override {}
 

@@ -75,6 +75,11 @@ bool X11Clipboard::offer(const QString &text, ClipboardSelections selections, Fe
             || place(text, QClipboard::Selection, given));
 }
 
+bool X11Clipboard::isKeptAfterUs() const
+{
+    return m_reach == X11Reach::XWayland || hasClipboardManager();
+}
+
 void X11Clipboard::handOver()
 {
     handOverClipboard();

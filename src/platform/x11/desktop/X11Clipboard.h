@@ -20,6 +20,7 @@ public:
 
     [[nodiscard]] bool
     offer(const QString &text, ClipboardSelections selections, FetchHandler fetched = {}) override;
+    [[nodiscard]] bool isKeptAfterUs() const override;
     void handOver() override;
 
 private:

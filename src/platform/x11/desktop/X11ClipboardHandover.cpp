@@ -63,17 +63,19 @@ void handOver(std::chrono::milliseconds limit)
 
 } // namespace
 
-void handOverClipboard(std::chrono::milliseconds limit)
+bool hasClipboardManager()
 {
     auto *connection = X11Selections::applicationConnection();
-    if (!connection)
+    return connection != nullptr
+        && X11Selections::owner(connection, X11Selections::atom(connection, "CLIPBOARD_MANAGER"))
+        != 0;
+}
+
+void handOverClipboard(std::chrono::milliseconds limit)
+{
+    if (!hasClipboardManager())
         return;
     auto *clipboard = QGuiApplication::clipboard();
-    if (!clipboard->ownsClipboard() && !clipboard->ownsSelection())
-        return;
-    const auto manager = X11Selections::atom(connection, "CLIPBOARD_MANAGER");
-    if (X11Selections::owner(connection, manager) == 0)
-        return;
     if (clipboard->ownsClipboard())
         handOver(limit);
     // Qt waits at its end for what is still owned.

@@ -4,6 +4,9 @@
 
 #include <chrono>
 
+// Whether a clipboard manager runs that asks to be handed clipboards.
+[[nodiscard]] bool hasClipboardManager();
+
 // Before the application ends: hands a clipboard it owns over to the running clipboard manager,
 // which keeps it when we are gone, and then lets go of it. Qt would do the same later, but wait
 // five seconds for a manager that does not answer. Returns within the limit, at once when there is
