@@ -55,11 +55,14 @@ SwayConfiguration::SwayConfiguration(const QString &text, QString folder)
     read(text, 0);
 }
 
-bool SwayConfiguration::binds(const QStringList &keys, quint32 modifiers) const
+std::optional<QString> SwayConfiguration::commandOf(const QStringList &keys,
+                                                    quint32 modifiers) const
 {
-    return std::ranges::any_of(keys, [&](const QString &key) {
-        return m_bindings.contains({key.toLower(), modifiers});
-    });
+    for (const auto &key : keys)
+        if (const auto found = m_bindings.find({key.toLower(), modifiers});
+            found != m_bindings.end())
+            return found->second;
+    return {};
 }
 
 void SwayConfiguration::read(const QString &text, int depth)
@@ -128,7 +131,7 @@ void SwayConfiguration::readBinding(const QString &command, QStringList words)
             key = part;
     }
     if (isBinding)
-        m_bindings.emplace(key, modifiers);
+        m_bindings[{key, modifiers}] = words.mid(1).join(u' ');
     else
         m_bindings.erase({key, modifiers});
 }

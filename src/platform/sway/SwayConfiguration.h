@@ -6,7 +6,7 @@
 #include <QStringList>
 
 #include <map>
-#include <set>
+#include <optional>
 
 // The key bindings of the default mode that a sway configuration makes.
 class SwayConfiguration final
@@ -15,9 +15,11 @@ public:
     // Reads a configuration and what it includes; relative paths start in `folder`.
     SwayConfiguration(const QString &text, QString folder);
 
-    // Whether one of these keys, by any of the names the configuration may have for it (symbols, or
-    // a key code), is bound with exactly these modifiers, a mask of StoredModifier bits.
-    [[nodiscard]] bool binds(const QStringList &keys, quint32 modifiers) const;
+    // The command that one of these keys, by any of the names the configuration may have for it
+    // (symbols, or a key code), is bound to with exactly these modifiers, a mask of StoredModifier
+    // bits; absent when none is.
+    [[nodiscard]] std::optional<QString> commandOf(const QStringList &keys,
+                                                   quint32 modifiers) const;
 
 private:
     void read(const QString &text, int depth);
@@ -28,5 +30,5 @@ private:
     QString m_folder;
     std::map<QString, QString> m_variables;
     QStringList m_blocks; // what the open braces belong to
-    std::set<std::pair<QString, quint32>> m_bindings; // in lower case, with modifiers
+    std::map<std::pair<QString, quint32>, QString> m_bindings; // keys are in lower case
 };

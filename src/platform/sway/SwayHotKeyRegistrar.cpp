@@ -59,7 +59,9 @@ int SwayHotKeyRegistrar::registerHotKey(HotKeyId id, quint32 keyCode, quint32 mo
     const auto kernelCode = KeyCodes::kernelCode(keyCode);
     if (!kernelCode)
         return noSuchKey;
-    if (isTaken(keyCode, modifiers))
+    const auto command = commandOf(keyCode, modifiers);
+    m_takenBy = command.value_or(QString());
+    if (command)
         return taken;
     const auto keys = combination(*kernelCode, keyCode, modifiers);
     m_combinations[id] = keys;
@@ -86,14 +88,14 @@ bool SwayHotKeyRegistrar::bind(HotKeyId id, const QByteArray &keys)
                            + QByteArray::number(static_cast<int>(id)));
 }
 
-bool SwayHotKeyRegistrar::isTaken(quint32 keyCode, quint32 modifiers) const
+std::optional<QString> SwayHotKeyRegistrar::commandOf(quint32 keyCode, quint32 modifiers) const
 {
     const auto text = SwaySocket::ask(SwayMessage::GetConfig)["config"_L1].toString();
     const auto version = SwaySocket::ask(SwayMessage::GetVersion);
     const QFileInfo file(version["loaded_config_file_name"_L1].toString());
     const bool isModifier = ModifierKeys::find(keyCode) != nullptr;
     return SwayConfiguration(text, file.path())
-        .binds(swayKeyNames(keyCode, m_keyCharacters(keyCode)), isModifier ? 0 : modifiers);
+        .commandOf(swayKeyNames(keyCode, m_keyCharacters(keyCode)), isModifier ? 0 : modifiers);
 }
 
 // What is bound survives us; should we crash, the next run finds it here.

@@ -67,8 +67,10 @@ TEST_F(SwayHotKeys, WhatTheUserHasBoundIsLeftAlone)
     const auto mark = qEnvironmentVariable("HOME") + "/mark"_L1;
     configure("set $mod Mod4\nbindsym $mod+Shift+space exec touch " + mark.toUtf8() + '\n');
     EXPECT_EQ(registrar.registerHotKey(HotKeyId::Main, 49, 0x300), 10);
+    EXPECT_EQ(registrar.takenBy(), "exec touch "_L1 + mark);
     EXPECT_FALSE(isHeard({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_SPACE}));
     EXPECT_TRUE(waitUntil([&] { return QFile::exists(mark); }));
     EXPECT_EQ(registrar.registerHotKey(HotKeyId::Main, 49, 0x100), 0);
+    EXPECT_EQ(registrar.takenBy(), QString());
     EXPECT_TRUE(isHeard({KEY_LEFTMETA, KEY_SPACE}));
 }
