@@ -84,7 +84,7 @@ test('A socket on a port, which others can reach and take, is not served', async
     const child = spawn('sh', ['-c', command], { env: environment, stdio });
     const said = child.stderr.setEncoding('utf8').toArray();
     assert.deepEqual(await once(child, 'exit'), [1, null]);
-    assert.match((await said).join(''), /others could reach .* a port: scripts\/local enable/);
+    assert.match((await said).join(''), /others could reach .* a port: wrenfold-local enable/);
     server.close();
 });
 
@@ -116,7 +116,7 @@ test('An engine that is missing is an answer, and is used when it is there', asy
     const { code, message } = await ask(socket, recognition, spoken, { key });
     assert.deepEqual(
         [code, message],
-        ['55000000', 'the engine is not installed; see: scripts/local install'],
+        ['55000000', 'the engine is not installed; see: wrenfold-local install'],
     );
     symlinkSync(engineFolder(), data('local-services', 'engine'));
     assert.equal((await ask(socket, recognition, spoken, { key })).text, sentence);

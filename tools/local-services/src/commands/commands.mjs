@@ -14,6 +14,7 @@ import {
     settingsFile,
     socketFile,
 } from '../settings/folders.mjs';
+import { ownName } from '../settings/own-name.mjs';
 import { idleTime } from '../settings/service-limits.mjs';
 import { makeKey, readSettings, writeSettings } from '../settings/settings.mjs';
 import { allOrNothing } from '../setup/all-or-nothing.mjs';
@@ -69,7 +70,7 @@ export async function enable(args) {
     say(
         isManaged
             ? 'They start by themselves with the first dictation.'
-            : 'There is no service manager of yours here. Start them with: scripts/local serve',
+            : `There is no service manager of yours here. Start them with: ${ownName} serve`,
     );
 }
 
@@ -84,7 +85,7 @@ export function disable() {
 /** Lists the models, usable or not. */
 export function models() {
     const found = listModels(modelsFolder());
-    if (!found.length) say('There are none; "scripts/local install" brings an English one.');
+    if (!found.length) say(`There are none; "${ownName} install" brings an English one.`);
     for (const { name, model, problem } of found)
         say(
             model
@@ -98,6 +99,6 @@ export function models() {
 export async function serveHere(args) {
     const { idle } = parsed(args, { idle: { type: 'string', default: String(idleTime) } });
     const settings = readSettings();
-    if (!settings?.socket) throw new Error('enable the local services first: scripts/local enable');
+    if (!settings?.socket) throw new Error(`enable the local services first: ${ownName} enable`);
     await serve(settings, Number(idle));
 }

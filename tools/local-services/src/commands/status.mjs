@@ -4,6 +4,7 @@
 import { existsSync } from 'node:fs';
 
 import { engineFolder } from '../settings/folders.mjs';
+import { ownName } from '../settings/own-name.mjs';
 import { readSettings } from '../settings/settings.mjs';
 import { runningCompanion } from '../setup/running-companion.mjs';
 import { isSwitchedOn } from '../setup/switch.mjs';
@@ -16,7 +17,7 @@ const yesNo = (is) => (is ? 'yes' : 'no');
 
 /** What runs on a socket, as a sentence. */
 async function whatRuns(socket) {
-    if (!socket) return 'whoever has their port; scripts/local enable gives them a socket of yours';
+    if (!socket) return `whoever has their port; ${ownName} enable gives them a socket of yours`;
     if (isWaiting()) return 'nothing; the first dictation starts them';
     const companion = await runningCompanion(socket);
     if (companion) {
@@ -24,8 +25,8 @@ async function whatRuns(socket) {
         return `the local services, process ${companion.process}, since ${since}`;
     }
     return hasServiceManager()
-        ? 'nothing, and nothing would start them: scripts/local enable'
-        : 'nothing; start them with: scripts/local serve';
+        ? `nothing, and nothing would start them: ${ownName} enable`
+        : `nothing; start them with: ${ownName} serve`;
 }
 
 /** Tells what is installed, whether the application uses it, and what runs. Starts nothing. */

@@ -6,6 +6,8 @@ import { mkdirSync, rmSync } from 'node:fs';
 import { connect } from 'node:net';
 import { dirname } from 'node:path';
 
+import { ownName } from '../settings/own-name.mjs';
+
 // The first descriptor that a service manager hands over.
 const firstInherited = 3;
 
@@ -43,5 +45,5 @@ export async function listen(server, path) {
     const { port } = server.address() ?? {};
     if (port === undefined) return;
     server.close();
-    throw new Error('others could reach or replace a service on a port: scripts/local enable');
+    throw new Error(`others could reach or replace a service on a port: ${ownName} enable`);
 }

@@ -7,6 +7,7 @@ import { chooseModel, listModels } from '../recognition/models.mjs';
 import { NotUnderstood } from '../recognition/recogniser.mjs';
 import { EngineError } from '../recognition/worker.mjs';
 import { engineFolder } from '../settings/folders.mjs';
+import { ownName } from '../settings/own-name.mjs';
 import { recognitionPath } from '../settings/service-address.mjs';
 import { mostRecordings, recordingLimit } from '../settings/service-limits.mjs';
 import { sendJson } from './answer.mjs';
@@ -109,13 +110,13 @@ export class RecognitionHandler {
     }
 }
 
-const missingEngine = 'the engine is not installed; see: scripts/local install';
+const missingEngine = `the engine is not installed; see: ${ownName} install`;
 
 function missingModel(language) {
     const asked = /^[A-Za-z-]{1,10}$/.test(language) ? `language "${language}"` : 'such a language';
     return language === 'auto'
-        ? 'no recognition model is installed; see: scripts/local models'
-        : `no recognition model for ${asked} is installed; see: scripts/local models`;
+        ? `no recognition model is installed; see: ${ownName} models`
+        : `no recognition model for ${asked} is installed; see: ${ownName} models`;
 }
 
 function asFailure(error, isBusy) {

@@ -5,6 +5,7 @@ import { existsSync, readFileSync, rmSync } from 'node:fs';
 
 import { applicationFile, replacedFile } from '../settings/folders.mjs';
 import { writeOwnFile } from '../settings/own-file.mjs';
+import { ownName } from '../settings/own-name.mjs';
 import { isCompanionAddress, origin, recognitionPath } from '../settings/service-address.mjs';
 import { isCompanionKey } from '../settings/settings.mjs';
 import { servicePaths, serviceValues, writeServiceValues } from './application-configuration.mjs';
@@ -73,7 +74,7 @@ export function valuesToKeep(earlier) {
         if ((replaced[path] ?? values[path]) !== values[path])
             throw new Error(
                 `${path} was changed since the local services were enabled: ` +
-                    'scripts/local disable first',
+                    `${ownName} disable first`,
             );
         replaced[path] = values[path];
     }

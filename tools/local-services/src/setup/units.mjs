@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-// What the user's service manager is told about the companion.
+// What the user's service manager is told about the companion. Written for each user: the folders
+// that it names are where the user's variables put them.
 
 import { homedir } from 'node:os';
 import { dirname, join } from 'node:path';
@@ -12,6 +13,7 @@ import {
     replacedFile,
     settingsFile,
 } from '../settings/folders.mjs';
+import { ownNameVariable } from '../settings/own-name.mjs';
 
 export const socketUnit = 'wrenfold-local.socket';
 export const serviceUnit = 'wrenfold-local.service';
@@ -40,7 +42,9 @@ WantedBy=sockets.target
 
 function serviceText() {
     const program = join(programFolder(), 'wrenfold-local.mjs');
-    const variables = ['XDG_DATA_HOME', 'XDG_CONFIG_HOME'].filter((name) => process.env[name]);
+    const variables = ['XDG_DATA_HOME', 'XDG_CONFIG_HOME', ownNameVariable].filter(
+        (name) => process.env[name],
+    );
     const environment = { PATH: searchPath };
     for (const name of variables) environment[name] = process.env[name];
     const assignments = Object.entries(environment).map(([name, value]) => `${name}=${value}`);
