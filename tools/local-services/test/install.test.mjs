@@ -3,11 +3,16 @@
 
 import assert from 'node:assert/strict';
 import { spawnSync } from 'node:child_process';
+import { createHash, randomBytes } from 'node:crypto';
 import { cpSync, existsSync, lstatSync, readdirSync, readFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
 import test from 'node:test';
 
 import { engineFolder, modelsFolder, programFolder } from '../src/settings/folders.mjs';
-import { run, temporaryHome, write } from './support/home.mjs';
+import { fetchPackages } from '../src/setup/packages.mjs';
+import { Progress } from '../src/setup/progress.mjs';
+import { program, run, runProgram, temporaryHome, write } from './support/home.mjs';
+import { registryOf } from './support/registry.mjs';
 
 /** A home without anything installed, and an npm that does what a line of shell says. */
 function homeWithNpm(context, script) {
@@ -19,34 +24,95 @@ function homeWithNpm(context, script) {
 
 const listed = (folder) => (existsSync(folder) ? readdirSync(folder) : []);
 
+/** As npm tells its settings, with a registry that nobody is. */
+const unreachable = `echo '{"registry":"http://127.0.0.1:1/"}'`;
+
 test('An engine that does not arrive whole is not installed', (context) => {
     for (const [script, reason] of [
         ['mkdir -p node_modules/half; echo EINTEGRITY >&2; exit 1', /EINTEGRITY/],
         ['mkdir -p node_modules/sherpa-onnx-node', /is not what was pinned/],
     ]) {
         const home = homeWithNpm(context, script);
+        const own = home.path('program');
+        for (const part of ['wrenfold-local.mjs', 'package.json', '.npmrc', 'src', 'prompts'])
+            cpSync(join(dirname(program), part), join(own, part), {
+                recursive: true,
+                dereference: true,
+            });
+        // A package that need not be fetched, since it is for no machine.
+        const engine = `node_modules/sherpa-onnx-${process.platform}-${process.arch}`;
+        write(join(own, 'package-lock.json'), `{"packages": {"${engine}": {"os": ["none"]}}}`);
         const killed = spawnSync('true').pid;
         write(home.data('local-services', `.engine-${killed}-abcdef`, 'fresh', 'half'), '');
-        const { status, stderr } = run(home, 'install');
+        const { status, stderr } = runProgram(join(own, 'wrenfold-local.mjs'), home, 'install');
         assert.equal(status, 1);
         assert.match(stderr, reason);
-        assert.deepEqual(listed(home.data('local-services')), []);
+        assert.deepEqual(listed(home.data('local-services')), ['downloads']);
     }
 });
 
-test('A model that is not what was pinned is not installed', (context) => {
-    // What npm hands out is another package of the right name.
-    const archive = 'tar -czf "$4/moonshine-ai-moonshine-js-0.1.29.tgz" -C /etc hostname';
-    for (const [script, reason] of [
-        [archive, /its hash differs/],
-        ['echo npm ERR! code ENOTFOUND >&2; exit 1', /cannot be reached \(ENOTFOUND\)/],
-    ]) {
-        const home = homeWithNpm(context, script);
-        cpSync(engineFolder(), home.data('local-services', 'engine'), { recursive: true });
+test('Without a network nothing is installed, and that is what is said', (context) => {
+    for (const hasEngine of [false, true]) {
+        const home = homeWithNpm(context, unreachable);
+        const engine = home.data('local-services', 'engine');
+        if (hasEngine) cpSync(engineFolder(), engine, { recursive: true });
         const { status, stderr } = run(home, 'install');
         assert.equal(status, 1);
-        assert.match(stderr, reason);
+        assert.match(stderr, /cannot be reached \(curl: \(7\).*Is there a network\?/);
+        assert.equal(existsSync(engine), hasEngine);
         assert.deepEqual(listed(home.data('models')), []);
+    }
+});
+
+test('What is fetched is what was pinned, and goes on where it stopped', async (context) => {
+    const archive = randomBytes(300_000);
+    const integrity = `sha512-${createHash('sha512').update(archive).digest('base64')}`;
+    const half = { breaksAt: 200_000 };
+    // What the registry does at each request, what each call fails with, and what was asked for.
+    const rows = [
+        [[{}], [''], ['all']],
+        [
+            [half, {}],
+            [/What has arrived is kept/, ''],
+            ['all', 'bytes=200000-'],
+        ],
+        [
+            [half, { ignoresRange: true }, {}],
+            [/is kept/, ''],
+            ['all', 'bytes=200000-', 'all'],
+        ],
+        [[{ status: 404 }], [/cannot be had: .*404/], ['all']],
+        [[{}, {}], [/its hash differs/, /its hash differs/], ['all', 'all'], 'sha512-other'],
+    ];
+    const { npm_config_registry: before } = process.env;
+    context.after(() => (process.env.npm_config_registry = before ?? ''));
+    for (const [answers, failures, ranges, pinned = integrity] of rows) {
+        const folder = temporaryHome(context).path('downloads');
+        const registry = await registryOf(context, archive, (request) => answers[request - 1]);
+        process.env.npm_config_registry = registry.address;
+        const pin = { name: '@some/package', version: '1.2.3', integrity: pinned };
+        for (const failure of failures) {
+            const fetched = fetchPackages([pin], folder);
+            if (failure) await assert.rejects(fetched, failure);
+            else assert.deepEqual(readFileSync((await fetched)[0]), archive);
+        }
+        if (!failures.at(-1)) await fetchPackages([pin], folder);
+        assert.deepEqual(registry.ranges, ranges);
+    }
+});
+
+test('Progress is one line on a terminal, else a line for every tenth', () => {
+    for (const [isTTY, expected] of [
+        [true, ['\rIt: 0.2 MB of 8.0 MB, 3 %\x1b[K', '\rIt: 0.4 MB of 8.0 MB, 5 %\x1b[K', '\n']],
+        [false, ['It: 0.2 MB of 8.0 MB, 3 %\n', 'It: 0.8 MB of 8.0 MB, 10 %\n']],
+    ]) {
+        const written = [];
+        const progress = new Progress('It', { isTTY, write: (text) => written.push(text) });
+        progress.update(100, 0); // its size is not known yet
+        for (const bytes of [240_000, 240_001, 400_000]) progress.update(bytes, 8_000_000);
+        if (!isTTY) progress.update(800_000, 8_000_000);
+        progress.end();
+        assert.deepEqual(written, expected);
     }
 });
 

@@ -96,7 +96,7 @@ test('A refused command changes nothing at all', async (context) => {
         [/apiKey was changed/, { files: [[kept, '{"deepSeek.apiKey": "earlier"}']] }],
         [/Wrenfold is running/, { isRunning: true }],
         // Nothing of the above gets as far as this.
-        [/npm ci failed/, { files: [[['bin', 'npm'], '#!/bin/sh\nexit 1\n', 0o755]] }],
+        [/npm config failed/, { files: [[['bin', 'npm'], '#!/bin/sh\nexit 1\n', 0o755]] }],
     ];
     for (const [
         reason,

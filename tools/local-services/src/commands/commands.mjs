@@ -18,7 +18,12 @@ import { ownName } from '../settings/own-name.mjs';
 import { idleTime } from '../settings/service-limits.mjs';
 import { makeKey, readSettings, writeSettings } from '../settings/settings.mjs';
 import { allOrNothing } from '../setup/all-or-nothing.mjs';
-import { installEngine, installModels, installProgram } from '../setup/install.mjs';
+import {
+    installEngine,
+    installModels,
+    installProgram,
+    removeDownloads,
+} from '../setup/install.mjs';
 import { switchOff, switchOn, valuesToKeep } from '../setup/switch.mjs';
 import { checkNode, hasServiceManager, startListening, stopListening } from '../setup/systemd.mjs';
 import { recognitionFor } from './descriptions.mjs';
@@ -29,9 +34,10 @@ const parsed = (args, options) => parseArgs({ args, options }).values;
 
 /** Fetches and installs what is missing: engine, English model, and this program. */
 export async function install() {
-    if (installEngine()) say(`Installed the engine: ${engineFolder()}`);
+    if (await installEngine()) say(`Installed the engine: ${engineFolder()}`);
     for (const name of await installModels())
         say(`Installed the model ${name}: ${modelsFolder()}/${name}`);
+    removeDownloads();
     installProgram();
 }
 

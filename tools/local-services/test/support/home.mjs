@@ -41,9 +41,11 @@ export function write(path, text, mode = 0o644) {
     writeFileSync(path, text, { mode });
 }
 
-/** Runs a command of the companion. */
-export function run({ environment }, ...args) {
+/** Runs a command of the companion, or of a copy of it. */
+export const run = (home, ...args) => runProgram(program, home, ...args);
+
+export function runProgram(path, { environment }, ...args) {
     const options = { env: environment, encoding: 'utf8' };
-    const { status, stdout, stderr } = spawnSync(process.execPath, [program, ...args], options);
+    const { status, stdout, stderr } = spawnSync(process.execPath, [path, ...args], options);
     return { status, stdout, stderr };
 }
