@@ -85,7 +85,7 @@ QList<Finding> findings(const Backends &backends, bool isOnline)
     if (backends.usesXWayland)
         all.append(session());
     all += {DesktopCheck::paste(*backends.keyboard),
-            DesktopCheck::clipboard(*backends.clipboard),
+            DesktopCheck::clipboard(backends),
             DesktopCheck::overlay(backends),
             DesktopCheck::tray(),
             instance(isRunning),

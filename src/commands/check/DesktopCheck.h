@@ -15,7 +15,7 @@ namespace DesktopCheck {
 // Of a recording that runs: whether Escape can be had to throw it away. Not while Wrenfold runs.
 [[nodiscard]] Finding escape(HotKeyRegistrar &hotKeys);
 [[nodiscard]] Finding paste(const SyntheticKeyboard &keyboard);
-[[nodiscard]] Finding clipboard(const Clipboard &clipboard);
+[[nodiscard]] Finding clipboard(const Backends &backends);
 [[nodiscard]] Finding overlay(const Backends &backends);
 [[nodiscard]] Finding tray();
 
