@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
 #include "SwayConfiguration.h"
-#include "SwayKeyNames.h"
+#include "KeyNames.h"
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -36,10 +36,10 @@ TEST(SwayConfiguration, KnowsWhatIsBoundInTheDefaultMode)
     };
     for (const auto &[text, isTaken] : rows)
         EXPECT_EQ(SwayConfiguration(QString::fromUtf8(text), home.path())
-                      .commandOf(swayKeyNames(49, u" "_s), command | shift),
+                      .commandOf(keyNames(49, u" "_s), command | shift),
                   isTaken ? std::optional(u"exec true"_s) : std::nullopt)
             << text;
     // Names go by the American keyboard and by the user's own.
-    EXPECT_EQ(swayKeyNames(6, u"y"_s), (QStringList{u"52"_s, u"z"_s, u"y"_s}));
-    EXPECT_EQ(swayKeyNames(54, {}), (QStringList{u"134"_s, u"Super_R"_s}));
+    EXPECT_EQ(keyNames(6, u"y"_s), (QStringList{u"52"_s, u"z"_s, u"y"_s}));
+    EXPECT_EQ(keyNames(54, {}), (QStringList{u"134"_s, u"Super_R"_s}));
 }

@@ -3,9 +3,9 @@
 #include "SwayHotKeyRegistrar.h"
 
 #include "KeyCodes.h"
+#include "KeyNames.h"
 #include "ModifierKeys.h"
 #include "SwayConfiguration.h"
-#include "SwayKeyNames.h"
 #include "SwayLeftBindings.h"
 
 #include <QFileInfo>
@@ -95,7 +95,7 @@ std::optional<QString> SwayHotKeyRegistrar::commandOf(quint32 keyCode, quint32 m
     const QFileInfo file(version["loaded_config_file_name"_L1].toString());
     const bool isModifier = ModifierKeys::find(keyCode) != nullptr;
     return SwayConfiguration(text, file.path())
-        .commandOf(swayKeyNames(keyCode, m_keyCharacters(keyCode)), isModifier ? 0 : modifiers);
+        .commandOf(keyNames(keyCode, m_keyCharacters(keyCode)), isModifier ? 0 : modifiers);
 }
 
 // What is bound survives us; should we crash, the next run finds it here.

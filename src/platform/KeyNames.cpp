@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "SwayKeyNames.h"
+#include "KeyNames.h"
 
 #include "KeyCodes.h"
 
@@ -32,7 +32,7 @@ QString nameOf(xkb_keysym_t symbol)
 
 } // namespace
 
-QStringList swayKeyNames(quint32 virtualKeyCode, const QString &characters)
+QStringList keyNames(quint32 virtualKeyCode, const QString &characters)
 {
     static const auto keymap = makeAmericanKeymap();
     const auto kernelCode = KeyCodes::kernelCode(virtualKeyCode);
