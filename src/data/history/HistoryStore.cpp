@@ -76,6 +76,10 @@ void HistoryStore::load()
 
 void HistoryStore::drain()
 {
+    m_queue.submit([this] {
+        if (!m_unsaved.isEmpty())
+            write(m_unsaved);
+    });
     if (!m_queue.drain(drainLimit))
         SystemLog::report(u"history not saved: the disk does not answer."_s);
 }
@@ -94,7 +98,9 @@ void HistoryStore::write(const QByteArray &text)
             static_cast<void>(DataDirectory::setAside(fileName));
         m_isFileUnreadable = false;
         SecureFile::replace(historyURL().toLocalFile(), text);
+        m_unsaved.clear();
     } catch (const LocalizedError &error) {
+        m_unsaved = text;
         SystemLog::report(u"history save failed: "_s + error.localizedDescription());
     }
 }

@@ -33,8 +33,9 @@ public:
 
     // Holds what the file holds now. Not while changes are being written.
     void load();
-    // Returns when every change so far has been written. A disk that hangs is waited for two
-    // seconds, and a line in the system's log then says so.
+    // Returns when every change so far has been written; the newest save is tried once more if it
+    // failed. A disk that hangs is waited for two seconds, and a line in the system's log then says
+    // so.
     void drain();
 
 private:
@@ -42,6 +43,7 @@ private:
     void write(const QByteArray &text);
 
     QList<HistoryItem> m_items;
+    QByteArray m_unsaved; // what the newest save could not write. The queue's.
     // The file held something else than a history: the first save moves it aside. The queue's.
     bool m_isFileUnreadable = false;
     SerialQueue m_queue{"local.wrenfold.history"};

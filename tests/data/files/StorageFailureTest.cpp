@@ -52,9 +52,8 @@ protected:
         EXPECT_EQ(store.items().size(), 2);
         AppLogger::info(m_bigConfig.polishPrompt);
         const auto lines = takeSystemLogLines();
-        EXPECT_EQ(lines.size(), 2);
-        EXPECT_TRUE(lines.value(0).startsWith("Wrenfold history save failed: "_L1));
-        EXPECT_TRUE(lines.value(1).startsWith("Wrenfold log write failed: "_L1));
+        EXPECT_EQ(lines.filter(u"Wrenfold history save failed: "_s).size(), 2);
+        EXPECT_TRUE(lines.value(2).startsWith("Wrenfold log write failed: "_L1));
         EXPECT_EQ(AppConfig::loadOrCreateTemplate().config, AppConfig());
         EXPECT_EQ(contents(), before);
         EXPECT_EQ(namesIn(m_directory), u"config.json history.json logs"_s.split(u' '));
@@ -96,9 +95,11 @@ TEST_F(StorageFailureTest, AFullOrReadOnlyDiskKeepsTheOldFilesAndTakesLaterWrite
     HistoryStore store;
     store.add(u"a"_s, u"b"_s);
     store.drain();
-    EXPECT_EQ(takeSystemLogLines().size(), 1);
+    EXPECT_EQ(takeSystemLogLines().size(), 2);
     EXPECT_EQ(contents().at(1), "broken");
     ASSERT_TRUE(mountDisk(MS_REMOUNT));
+    store.drain();
+    EXPECT_EQ(HistoryStore().items().size(), 1);
     store.add(u"c"_s, u"d"_s);
     store.drain();
     EXPECT_EQ(HistoryStore().items().size(), 2);

@@ -124,7 +124,7 @@ TEST_F(HistoryStoreTest, MovesAnUnreadableFileAsideBeforeTheFirstSave)
     QFile::remove(m_home.path(historyFile));
     ASSERT_TRUE(QFile::link(u"elsewhere"_s, m_home.path(historyFile)));
     EXPECT_EQ(storedAfterAdding(store).size(), 0);
-    EXPECT_EQ(takeSystemLogLines().size(), 1);
+    EXPECT_EQ(takeSystemLogLines().size(), 2); // tried again in the end
     HistoryStore next;
     EXPECT_EQ(storedAfterAdding(next).size(), 1);
     EXPECT_EQ(QDir(m_directory).entryInfoList({u"*.unreadable-*"_s}, QDir::System).size(), 1);
