@@ -16,7 +16,7 @@ QString defaultsPath()
 {
     const auto folders = qEnvironmentVariable("XDG_CONFIG_DIRS").split(u':', Qt::SkipEmptyParts);
     for (const auto &folder : folders.isEmpty() ? QStringList{u"/etc/xdg"_s} : folders) {
-        const auto path = folder + "/wrenfold/defaults.json"_L1;
+        auto path = folder + "/wrenfold/defaults.json"_L1;
         if (QDir::isAbsolutePath(folder) && QFile::exists(path))
             return path;
     }

@@ -16,7 +16,7 @@ namespace {
 struct Name
 {
     QLatin1StringView text;
-    quint32 storedBit;
+    quint32 storedBit = 0;
 };
 
 // The first of each modifier is the one that we write.

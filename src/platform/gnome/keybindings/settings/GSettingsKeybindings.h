@@ -12,7 +12,7 @@ public:
     // Whether this system has such settings; without them none of these may be made.
     [[nodiscard]] static bool areThere();
 
-    void bind(HotKeyId id, const QString &accelerator) override;
+    void bind(HotKeyId id, const QString &wanted) override;
     void unbind(HotKeyId id) override;
     void removeAll() override;
     [[nodiscard]] QString ownerOf(const Match &isSame) const override;
