@@ -14,7 +14,7 @@ namespace {
 struct Option
 {
     QLatin1StringView words; // as they follow each other
-    Command command;
+    Command command = Command::Start;
 };
 
 constexpr std::array options{

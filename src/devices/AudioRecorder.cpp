@@ -119,7 +119,7 @@ double AudioRecorder::normalizedPowerLevel() const
 {
     if (!m_recording)
         return quietestLevel;
-    const double power = m_recording->engine().averagePowerDb();
+    const auto power = static_cast<double>(m_recording->engine().averagePowerDb());
     const double level = std::clamp((power + 60.0) / 60.0, 0.0, 1.0);
     return level * (1.0 - quietestLevel) + quietestLevel;
 }

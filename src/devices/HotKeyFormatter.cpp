@@ -73,7 +73,7 @@ std::optional<QString> HotKeyFormatter::keyName(const KeyEvent &event)
     const auto *const named = std::ranges::find(namedKeys, event.keyCode, &NamedKey::keyCode);
     if (named != std::end(namedKeys))
         return named->name.toString();
-    if (const auto name = functionKeyName(event.keyCode))
+    if (auto name = functionKeyName(event.keyCode))
         return name;
     const auto typed = event.charactersIgnoringModifiers.value_or(QString()).trimmed();
     return typed.isEmpty() ? std::nullopt : std::optional(typed.toUpper());

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
-#include "SwayConfiguration.h"
 #include "KeyNames.h"
+#include "SwayConfiguration.h"
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>

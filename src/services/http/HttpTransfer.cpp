@@ -183,9 +183,9 @@ bool HttpTransfer::isStuck()
     const auto now = Clock::now();
     if (m_connection) {
         // A peer that is there answers the kernel's questions, however long the service takes.
-        constexpr auto longestSilence = 20s;
+        constexpr auto longestUnheard = 20s;
         const auto peer = TcpPeer::state(m_connection->descriptor());
-        if (peer.sinceHeard > longestSilence)
+        if (peer.sinceHeard > longestUnheard)
             return true;
         if (std::exchange(m_acknowledgedBytes, peer.acknowledgedBytes) != peer.acknowledgedBytes)
             m_lastProgress = now;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int minWidth = 240;
+constexpr int minCloudWidth = 240;
 constexpr int horizontalSpacing = 8;
 constexpr int verticalSpacing = 8;
 constexpr int bottomMargin = 4;
@@ -72,12 +72,12 @@ int DictionaryChipCloudView::measuredHeight(int width) const
 
 QSize DictionaryChipCloudView::sizeHint() const
 {
-    return {minWidth, emptyHeight};
+    return {minCloudWidth, emptyHeight};
 }
 
 int DictionaryChipCloudView::heightForWidth(int width) const
 {
-    return measuredHeight(std::max(width, minWidth));
+    return measuredHeight(std::max(width, minCloudWidth));
 }
 
 void DictionaryChipCloudView::resizeEvent(QResizeEvent *)
@@ -121,7 +121,7 @@ std::vector<QRect> DictionaryChipCloudView::chipFrames(int width) const
 
 void DictionaryChipCloudView::layoutChips()
 {
-    const int lineWidth = std::max(width(), minWidth);
+    const int lineWidth = std::max(width(), minCloudWidth);
     m_emptyLabel->setGeometry(0, emptyLabelTop, lineWidth, emptyLabelHeight);
     const auto frames = chipFrames(lineWidth);
     for (std::size_t i = 0; i < frames.size(); ++i)

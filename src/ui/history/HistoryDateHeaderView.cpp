@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int headerHeight = 38;
-constexpr int sideInset = 12;
+constexpr int headerInset = 12;
 
 } // namespace
 
@@ -23,13 +23,13 @@ HistoryDateHeaderView::HistoryDateHeaderView(const QString &title)
 
 QSize HistoryDateHeaderView::sizeHint() const
 {
-    return {2 * sideInset, headerHeight};
+    return {2 * headerInset, headerHeight};
 }
 
 void HistoryDateHeaderView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(Palette::color(SemanticColor::SecondaryLabel));
-    const auto area = rect().adjusted(sideInset, 0, -sideInset, 0);
+    const auto area = rect().adjusted(headerInset, 0, -headerInset, 0);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter, accessibleName());
 }

@@ -14,8 +14,8 @@ constexpr qreal symbolSize = 17;
 
 } // namespace
 
-SymbolBadge::SymbolBadge(const QString &symbolName)
-    : m_symbolName(symbolName)
+SymbolBadge::SymbolBadge(QString symbolName)
+    : m_symbolName(std::move(symbolName))
 {
     setFixedSize(diameter, diameter);
 }

@@ -8,7 +8,7 @@
 class SymbolBadge final : public QWidget
 {
 public:
-    explicit SymbolBadge(const QString &symbolName);
+    explicit SymbolBadge(QString symbolName);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

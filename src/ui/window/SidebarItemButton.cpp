@@ -21,9 +21,9 @@ constexpr int trailingMargin = 14;
 } // namespace
 
 SidebarItemButton::SidebarItemButton(const QString &title,
-                                     const QString &symbolName,
+                                     QString symbolName,
                                      std::function<void()> onClick)
-    : m_symbolName(symbolName)
+    : m_symbolName(std::move(symbolName))
 {
     setText(title);
     setToolTip(title);
@@ -46,7 +46,7 @@ QSize SidebarItemButton::sizeHint() const
 // A button's own way would take the other items out of the tab order.
 void SidebarItemButton::focusInEvent(QFocusEvent *event)
 {
-    QWidget::focusInEvent(event);
+    QWidget::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void SidebarItemButton::paintEvent(QPaintEvent *)

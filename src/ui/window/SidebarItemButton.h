@@ -11,9 +11,7 @@
 class SidebarItemButton final : public QAbstractButton
 {
 public:
-    SidebarItemButton(const QString &title,
-                      const QString &symbolName,
-                      std::function<void()> onClick);
+    SidebarItemButton(const QString &title, QString symbolName, std::function<void()> onClick);
 
     [[nodiscard]] QSize sizeHint() const override;
 
