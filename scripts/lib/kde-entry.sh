@@ -24,7 +24,8 @@ offer_kde_entry() {
     echo "and lets $program type and see which window is in front."
     if [ -t 0 ]; then read -r -p "Install it? [y/N] " answer; fi
     if [[ $answer != [yY]* ]]; then
-        echo "Not installed: pasting reaches XWayland windows only." && return
+        echo "Not installed: KDE's portal is asked instead, where there is one; else pasting reaches"
+        echo "XWayland windows only." && return
     fi
     mkdir -p "$(dirname "$kde_entry")"
     sed -e "s|@WRENFOLD_PROGRAM@|$program|" -e "s|^Name=.*|Name=Wrenfold (build folder)|" \

@@ -311,6 +311,7 @@ void AppDelegate::showGettingStarted()
 
 void AppDelegate::promptForAccessibilityPermissionIfNeeded()
 {
+    m_backends.keyboard->requestTrust();
     if (m_backends.keyboard->isTrusted())
         return;
     AppLogger::warning(u"Accessibility permission missing."_s);

@@ -53,14 +53,30 @@ Way escapeOfWayland(const QString &hotKeys)
 
 Way modifiersOfWayland(const QString &hotKeys)
 {
+    if (hotKeys == "portal"_L1)
+        return {none, u"None can be the hotkey."_s};
     return {hotKeys,
             hotKeys == "kglobalaccel"_L1 ? u"Left and right are the same."_s
                 : hotKeys == none        ? u"None can be the hotkey."_s
                                          : QString()};
 }
 
+Way keysOfXWayland(const QString &keys)
+{
+    if (keys == "xtest"_L1)
+        return {keys, u"They reach windows of XWayland only."_s};
+    if (keys == "xtest,mutter"_L1)
+        return {
+            keys,
+            u"Nothing is pasted while Super, Alt or Shift is held; GNOME shows for some seconds "
+            "that the screen is shared."_s};
+    return {keys, u"The desktop asks once whether we may."_s};
+}
+
 Way keysOfWayland(const QString &keys)
 {
+    if (keys == "portal"_L1)
+        return {keys, u"The desktop asks once whether we may."_s};
     return {
         keys,
         keys == "fake-input"_L1
@@ -90,26 +106,22 @@ DesktopWays DesktopWays::ofX11(bool canPressKeys)
                        {u"x11"_s}}});
 }
 
-DesktopWays DesktopWays::ofXWayland(bool hasGnomeShortcuts, bool hasGnomeKeyboard)
+DesktopWays DesktopWays::ofXWayland(const QString &hotKeys, const QString &keys)
 {
+    const bool isGnome = hotKeys == "gnome-settings"_L1;
     const auto onlyX = u"Only while a window of XWayland has the focus."_s;
-    const Way hotKey = hasGnomeShortcuts ? Way{u"gnome-settings"_s} : Way{u"x11"_s, onlyX};
-    const Way lone = hasGnomeShortcuts
-        ? Way{u"gnome-settings"_s, u"Not left Super, and not left Control."_s}
-        : Way{u"xinput2"_s, onlyX};
-    const Way keys = hasGnomeKeyboard
-        ? Way{u"xtest,mutter"_s,
-              u"Nothing is pasted while Super, Alt or Shift is held; GNOME shows for some seconds "
-              "that the screen is shared."_s}
-        : Way{u"xtest"_s, u"They reach windows of XWayland only."_s};
-    const Way application = hasGnomeKeyboard
+    const Way hotKey{hotKeys, hotKeys == "x11"_L1 ? onlyX : QString()};
+    const Way lone = hotKeys == "x11"_L1 ? Way{u"xinput2"_s, onlyX}
+        : isGnome                        ? Way{hotKeys, u"Not left Super, and not left Control."_s}
+                                         : modifiersOfWayland(hotKeys);
+    const Way application = keys == "xtest,mutter"_L1
         ? Way{u"x11,at-spi"_s, u"Known where it tells screen readers."_s}
         : Way{u"x11"_s, u"Known for windows of XWayland only."_s};
     return described(u"XWayland"_s,
                      {{hotKey,
                        hotKey,
                        lone,
-                       keys,
+                       keysOfXWayland(keys),
                        {u"x11"_s},
                        {u"x11"_s},
                        application,

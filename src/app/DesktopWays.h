@@ -20,10 +20,10 @@ struct DesktopWays
 
     // A display of X. `canPressKeys`: it has XTEST.
     [[nodiscard]] static DesktopWays ofX11(bool canPressKeys);
-    // A Wayland desktop that is reached through XWayland, with GNOME's shortcuts and its keyboard
-    // for remote sessions where they are there.
-    [[nodiscard]] static DesktopWays ofXWayland(bool hasGnomeShortcuts, bool hasGnomeKeyboard);
-    // A Wayland desktop. `hotKeys` names who gives hotkeys, or is "none".
+    // A Wayland desktop that is reached through XWayland. `hotKeys` names who gives hotkeys, `keys`
+    // what presses keys.
+    [[nodiscard]] static DesktopWays ofXWayland(const QString &hotKeys, const QString &keys);
+    // A Wayland desktop. `hotKeys` likewise, or "none".
     [[nodiscard]] static DesktopWays ofWayland(const QString &hotKeys, const WaylandWays &ways);
 
     // A line for the log.

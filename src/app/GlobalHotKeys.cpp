@@ -26,6 +26,7 @@ GlobalHotKeys::~GlobalHotKeys()
 {
     giveBack();
     m_registrar.setHandler({});
+    m_registrar.setLossHandler({});
 }
 
 void GlobalHotKeys::giveBack()
@@ -42,6 +43,13 @@ void GlobalHotKeys::installHotKeyHandler()
     m_isHandlerInstalled = true;
     m_registrar.setHandler([this](HotKeyId id) {
         queue(id == HotKeyId::Escape ? m_callbacks.cancelRecording : m_callbacks.toggleRecording);
+    });
+    m_registrar.setLossHandler([this](HotKeyId) {
+        queue([this] {
+            AppLogger::warning(
+                u"The hotkey is not ours: the user has refused it to the desktop."_s);
+            m_combination.reset();
+        });
     });
 }
 

@@ -3,6 +3,7 @@
 #include "WaylandSession.h"
 
 #include "AppLogger.h"
+#include "PortalRemoteKeyboard.h"
 #include "WaylandModule.h"
 
 #include <QString>
@@ -24,7 +25,9 @@ std::unique_ptr<WaylandDesktop> WaylandSession::connect()
     if (!isCurrent() || !(chosen.isEmpty() || chosen.startsWith("wayland")))
         return {};
     auto compositor = WaylandModule::connect();
-    if (compositor && !compositor->canPaste())
+    // The portal is asked last: it may have to be started first.
+    if (compositor && !compositor->canPaste(false)
+        && !(compositor->canPaste(true) && PortalConnection::offers(PortalRemoteKeyboard::portal)))
         compositor.reset();
     if (chosen.isEmpty())
         qputenv("QT_QPA_PLATFORM", compositor ? "wayland;xcb" : "xcb;wayland");

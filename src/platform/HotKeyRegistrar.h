@@ -27,6 +27,9 @@ public:
     // Called once for every press of a registered combination, auto-repeat excluded, from the main
     // thread's event loop.
     virtual void setHandler(Handler handler) = 0;
+    // Called like it when a combination that registerHotKey() has taken is not ours after all: the
+    // user, whom some desktops ask, has refused it or taken it back.
+    virtual void setLossHandler(Handler handler);
     // Makes the key with exactly these modifiers ours system-wide. `keyCode` is a stored virtual
     // key code, of which VirtualKey::escape stands for the key that types Escape, `modifiers` a
     // mask of StoredModifier bits. Returns 0, or the display's error code (10: taken by another

@@ -25,6 +25,8 @@ SessionLock::~SessionLock() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
 TrayHostWatch::~TrayHostWatch() = default;
 
+void HotKeyRegistrar::setLossHandler(Handler) {}
+
 QString HotKeyRegistrar::takenBy() const
 {
     return {};
@@ -34,3 +36,5 @@ bool HotKeyRegistrar::acceptsReportedPress(HotKeyId, std::chrono::steady_clock::
 {
     return true;
 }
+
+void SyntheticKeyboard::requestTrust() {}

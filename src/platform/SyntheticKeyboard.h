@@ -15,6 +15,8 @@ public:
     SyntheticKeyboard(const SyntheticKeyboard &) = delete;
     SyntheticKeyboard &operator=(const SyntheticKeyboard &) = delete;
 
+    // Asks the user, where it is the user that the desktop asks. Never waits. Main thread.
+    virtual void requestTrust();
     // Whether the display lets this process post input at all.
     [[nodiscard]] virtual bool isTrusted() const = 0;
     // Whether another program holds the keyboard, as an open menu or a screen locker does: what is

@@ -120,6 +120,17 @@ TEST_F(GlobalHotKeysTest, suspendedCombinationIsGivenBackUntilResumed)
               QStringList{u"ERROR Hotkey registration failed. displayName=⌘⇧Space status=10"_s});
 }
 
+TEST_F(GlobalHotKeysTest, combinationThatTheUserTakesBackIsNotResumed)
+{
+    m_hotKeys->registerHotKey();
+    m_registrar.lose(HotKeyId::Main);
+    m_queue.runReady();
+    EXPECT_FALSE(m_hotKeys->hasHotKey());
+    m_hotKeys->suspendHotKey();
+    m_hotKeys->resumeHotKey();
+    EXPECT_THAT(m_registrar.registered, testing::IsEmpty());
+}
+
 TEST_F(GlobalHotKeysTest, loneModifierTogglesOnThePressEdge)
 {
     using namespace ModifierFlag;

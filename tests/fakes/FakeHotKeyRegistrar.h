@@ -17,6 +17,8 @@ public:
         m_handler = std::move(handler);
     }
 
+    void setLossHandler(Handler handler) override { m_lost = std::move(handler); }
+
     int registerHotKey(HotKeyId id, quint32 keyCode, quint32 modifiers) override
     {
         unregisterHotKey(id);
@@ -34,10 +36,18 @@ public:
             m_handler(id);
     }
 
+    // The user takes the combination back.
+    void lose(HotKeyId id)
+    {
+        unregisterHotKey(id);
+        m_lost(id);
+    }
+
     int status = 0; // what the next registrations return
     int handlersSet = 0;
     std::map<HotKeyId, std::pair<quint32, quint32>> registered; // key code and modifiers
 
 private:
     Handler m_handler;
+    Handler m_lost;
 };

@@ -5,8 +5,8 @@
 #include "KeyCodes.h"
 #include "MutterRemoteKeyboard.h"
 #include "PasteChordTable.h"
-#include "X11ActiveWindow.h"
 #include "X11InputConnection.h"
+#include "X11KeyboardMap.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 
@@ -16,43 +16,28 @@ GnomeSyntheticKeyboard::GnomeSyntheticKeyboard(X11InputConnection &input,
                                                FocusedApplication::Finder focused,
                                                std::function<bool(quint32)> isHotKey)
     : m_input(input)
-    , m_x11(input)
     , m_focused(std::move(focused))
     , m_isHotKey(std::move(isHotKey))
 {}
 
 GnomeSyntheticKeyboard::~GnomeSyntheticKeyboard() = default;
 
-bool GnomeSyntheticKeyboard::isHeldByAnother()
-{
-    return !isBeyondX() && m_x11.isHeldByAnother();
-}
-
 // Which selection a program reads that nobody knows is not known either: this chord is right for
 // terminals and for others, as both selections hold the text then.
 std::optional<PasteChord> GnomeSyntheticKeyboard::pasteChordOfFocusedWindow()
 {
-    if (!isBeyondX())
-        return m_x11.pasteChordOfFocusedWindow();
     const auto names = m_focused().names;
     return names.isEmpty() || !keyTyping(XKB_KEY_v) ? PasteChord::ShiftInsert : pasteChordOf(names);
 }
 
 bool GnomeSyntheticKeyboard::post(PasteChord chord)
 {
-    if (!isBeyondX())
-        return m_x11.post(chord);
     const quint32 shift = m_isHotKey(KEY_LEFTSHIFT) ? KEY_RIGHTSHIFT : KEY_LEFTSHIFT;
     const quint32 control = m_isHotKey(KEY_LEFTCTRL) ? KEY_RIGHTCTRL : KEY_LEFTCTRL;
     if (chord == PasteChord::ShiftInsert)
         return MutterRemoteKeyboard::tap({shift, KEY_INSERT});
     const auto key = keyTyping(XKB_KEY_v);
     return key && MutterRemoteKeyboard::tap({control, *key});
-}
-
-bool GnomeSyntheticKeyboard::isBeyondX()
-{
-    return activeWindow(m_input.connection()) == 0;
 }
 
 std::optional<quint32> GnomeSyntheticKeyboard::keyTyping(quint32 symbol)

@@ -34,8 +34,9 @@ public:
     WaylandDesktop &operator=(const WaylandDesktop &) = delete;
 
     [[nodiscard]] virtual WaylandWays ways() const = 0;
-    // Whether keys can be posted to any application and its clipboard be set.
-    [[nodiscard]] virtual bool canPaste() const = 0;
+    // Whether the clipboard can be set for any application and keys be posted to it, unless
+    // somebody else posts them.
+    [[nodiscard]] virtual bool canPaste(bool hasOtherKeyboard) const = 0;
     // Listens to the compositor from now on. Should it die, `lost` is called, on any thread.
     virtual void start(MainQueue &mainQueue, std::function<void()> lost) = 0;
     // Null when the compositor lets nobody set the clipboard unasked.

@@ -37,10 +37,10 @@ public:
                 chosen<WaylandWindows>("foreign-toplevel"_L1)};
     }
 
-    [[nodiscard]] bool canPaste() const override
+    [[nodiscard]] bool canPaste(bool hasOtherKeyboard) const override
     {
         return WaylandClipboard::isOffered(*m_connection)
-            && (WaylandSyntheticKeyboard::isOffered(*m_connection)
+            && (hasOtherKeyboard || WaylandSyntheticKeyboard::isOffered(*m_connection)
                 || KWinSyntheticKeyboard::isOffered(*m_connection));
     }
 
