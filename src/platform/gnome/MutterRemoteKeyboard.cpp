@@ -8,6 +8,7 @@
 #include <QDBusObjectPath>
 #include <QDBusReply>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -92,7 +93,8 @@ bool MutterRemoteKeyboard::tap(const std::vector<quint32> &chord)
         return false;
     for (const auto key : chord)
         isTapped = session.move(key, true) && isTapped;
-    for (auto key = chord.rbegin(); key != chord.rend(); ++key)
-        isTapped = session.move(*key, false) && isTapped;
+    std::for_each(chord.rbegin(), chord.rend(), [&](quint32 key) {
+        isTapped = session.move(key, false) && isTapped;
+    });
     return isTapped;
 }

@@ -10,6 +10,8 @@
 #include "WaylandConnection.h"
 #include "fake-input.h"
 
+#include <algorithm>
+
 bool KWinSyntheticKeyboard::isOffered(const WaylandConnection &connection)
 {
     return connection.offers(org_kde_kwin_fake_input_interface.name);
@@ -50,8 +52,7 @@ bool KWinSyntheticKeyboard::post(PasteChord chord)
     const auto keys = ChordKeys::of(chord).keys;
     for (const auto key : keys)
         press(key, true);
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
-        press(*key, false);
+    std::for_each(keys.rbegin(), keys.rend(), [this](quint32 key) { press(key, false); });
     m_connection.flush();
     return true;
 }

@@ -7,7 +7,7 @@
 #include <wayland-client.h>
 
 // The header names an argument as C++ names something else.
-#define namespace name_space // NOLINT(clang-diagnostic-keyword-macro)
+#define namespace name_space
 #include "wlr-layer-shell-unstable-v1.h"
 #undef namespace
 

@@ -10,6 +10,8 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
+
 #include <sys/mman.h>
 #include <unistd.h>
 #include <wayland-client.h>
@@ -80,8 +82,9 @@ bool WaylandSyntheticKeyboard::post(PasteChord pasteChord)
             zwp_virtual_keyboard_v1_modifiers(m_keyboard, chord.modifiers, 0, 0, 0);
         zwp_virtual_keyboard_v1_key(m_keyboard, now(), key, WL_KEYBOARD_KEY_STATE_PRESSED);
     }
-    for (auto key = chord.keys.rbegin(); key != chord.keys.rend(); ++key)
-        zwp_virtual_keyboard_v1_key(m_keyboard, now(), *key, WL_KEYBOARD_KEY_STATE_RELEASED);
+    std::for_each(chord.keys.rbegin(), chord.keys.rend(), [this](quint32 key) {
+        zwp_virtual_keyboard_v1_key(m_keyboard, now(), key, WL_KEYBOARD_KEY_STATE_RELEASED);
+    });
     zwp_virtual_keyboard_v1_modifiers(m_keyboard, 0, 0, 0, 0);
     m_connection.flush();
     return true;

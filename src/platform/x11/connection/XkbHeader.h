@@ -3,6 +3,6 @@
 #pragma once
 
 // libxcb's header of the XKB extension names a field "explicit".
-#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
+#define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit

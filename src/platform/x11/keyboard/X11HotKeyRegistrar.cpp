@@ -158,6 +158,7 @@ int X11HotKeyRegistrar::grab(const Grab &combination)
     if (isTakenByInputExtension(combination.key, states))
         return takenByAnother;
     std::vector<xcb_void_cookie_t> requests;
+    requests.reserve(states.size());
     for (const auto state : states)
         requests.push_back(xcb_grab_key_checked(connection,
                                                 1,
