@@ -130,6 +130,7 @@ void AppDelegate::applicationWillTerminate()
     m_http.close();
     m_session.terminate();
     m_tasks.waitForDone();
+    m_session.keepText();
     m_backends.clipboard->handOver();
     if (m_mainWindowController)
         m_mainWindowController->keepSize();

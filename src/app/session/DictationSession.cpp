@@ -270,8 +270,9 @@ void DictationSession::process(const QUrl &audioURL, AppConfig config)
         AppLogger::info("DeepSeek polish succeeded. outputChars="_L1
                         + QString::number(characterCount(*polishedText)));
         bool isLocked = false;
+        m_unkept = {transcript, *polishedText};
         m_mainQueue.runAndWait([&] {
-            keep(transcript, *polishedText);
+            keepText();
             config = m_host.config();
             isLocked = m_isLocked;
         });
@@ -308,9 +309,10 @@ void DictationSession::announcePolishing()
     showProcessingStage(OverlayMessages::polishing());
 }
 
-void DictationSession::keep(const QString &transcript, const QString &polished)
+void DictationSession::keepText()
 {
-    m_history.add(transcript, polished);
+    if (const auto texts = std::exchange(m_unkept, {}))
+        m_history.add(texts->first, texts->second);
 }
 
 void DictationSession::endProcessing()

@@ -12,6 +12,7 @@
 #include <exception>
 #include <memory>
 #include <optional>
+#include <utility>
 
 class AudioRecorder;
 class BackgroundTasks;
@@ -69,6 +70,9 @@ public:
     // Ends a recording for good when the application quits, and what a task waits for here; leaves
     // no file behind. The main queue is closed by then.
     void terminate();
+    // Keeps the text that polishing gave last in the history, if it is not there yet. Once more
+    // when the application quits and every task has ended: one that came that late is not lost.
+    void keepText();
 
 private:
     enum class State {
@@ -98,7 +102,6 @@ private:
                 const AppConfig &config);
     void process(const QUrl &audioURL, AppConfig config);
     void announcePolishing();
-    void keep(const QString &transcript, const QString &polished);
     void endProcessing();
 
     void paste(const AppConfig &config, const QString &text);
@@ -124,6 +127,9 @@ private:
     State m_state = State::Idle;
     bool m_isLocked = false;
     bool m_hasCopiedWhileLocked = false;
+    // The transcript and the polished text on their way to the history. The task's that processes
+    // them, until it waits for the main thread or has ended.
+    std::optional<std::pair<QString, QString>> m_unkept;
     // Of the latest dictation; absent before the first.
     std::shared_ptr<MicrophonePermissionAnswer> m_permission;
     // Changes with the displayed stage and when processing ends: retires stale slow messages.

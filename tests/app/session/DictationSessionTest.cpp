@@ -369,6 +369,20 @@ TEST_F(DictationSessionTest, ADictationThatQuittingCancelsIsNoFailure)
     EXPECT_TRUE(recordings().isEmpty());
 }
 
+TEST_F(DictationSessionTest, ATextThatIsPolishedWhileTheApplicationQuitsIsKept)
+{
+    play(u"start press ok"_s);
+    queue.close();
+    play(u"0"_s);
+    answer();
+    tasks.waitForDone();
+    EXPECT_TRUE(history.items().isEmpty());
+    session.keepText();
+    session.keepText();
+    ASSERT_EQ(history.items().size(), 1);
+    EXPECT_EQ(history.items()[0].polished, polished);
+}
+
 TEST_F(DictationSessionTest, PastesAHistoryTextOrLeavesItOnTheClipboard)
 {
     gates[2].set_value();
