@@ -5,6 +5,7 @@
 #include "WaylandDesktop.h"
 
 #include <array>
+#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +22,6 @@ constexpr std::array<std::pair<QLatin1StringView, QLatin1StringView>, 8> names{{
     {"monitor"_L1, "Pointer's monitor"_L1},
 }};
 
-const auto none = u"none"_s;
-
 struct Way
 {
     QString name;
@@ -37,59 +36,17 @@ DesktopWays described(const QString &session, const std::array<Way, names.size()
     return described;
 }
 
-Way hotKeysOfWayland(const QString &hotKeys)
+// A way, of whose names some lack something.
+Way way(const QString &name, std::initializer_list<std::pair<QLatin1StringView, QString>> limits)
 {
-    return {hotKeys,
-            hotKeys == none ? u"Bind \"wrenfold --toggle\" to a key in the desktop's settings."_s
-                            : QString()};
+    for (const auto &[lacking, limit] : limits)
+        if (name == lacking)
+            return {name, limit};
+    return {name};
 }
 
-Way escapeOfWayland(const QString &hotKeys)
-{
-    return {hotKeys,
-            hotKeys == none ? u"Bind \"wrenfold --cancel\" to a key in the desktop's settings."_s
-                            : QString()};
-}
-
-Way modifiersOfWayland(const QString &hotKeys)
-{
-    if (hotKeys == "portal"_L1)
-        return {none, u"None can be the hotkey."_s};
-    return {hotKeys,
-            hotKeys == "kglobalaccel"_L1 ? u"Left and right are the same."_s
-                : hotKeys == none        ? u"None can be the hotkey."_s
-                                         : QString()};
-}
-
-Way keysOfXWayland(const QString &keys)
-{
-    if (keys == "xtest"_L1)
-        return {keys, u"They reach windows of XWayland only."_s};
-    if (keys == "xtest,mutter"_L1)
-        return {
-            keys,
-            u"Nothing is pasted while Super, Alt or Shift is held; GNOME shows for some seconds "
-            "that the screen is shared."_s};
-    return {keys, u"The desktop asks once whether we may."_s};
-}
-
-Way keysOfWayland(const QString &keys)
-{
-    if (keys == "portal"_L1)
-        return {keys, u"The desktop asks once whether we may."_s};
-    return {
-        keys,
-        keys == "fake-input"_L1
-            ? u"They reach Wayland windows only, and only when the application entry is installed."_s
-            : QString()};
-}
-
-Way applicationInFront(const QString &windows)
-{
-    return {windows,
-            windows == none ? u"Unknown: Shift + Insert pastes, which nearly all understand."_s
-                            : QString()};
-}
+const auto asked = u"The desktop asks once whether we may."_s;
+const auto noLoneModifier = u"None can be the hotkey."_s;
 
 } // namespace
 
@@ -99,7 +56,7 @@ DesktopWays DesktopWays::ofX11(bool canPressKeys)
                      {{{u"x11"_s},
                        {u"x11"_s},
                        {u"xinput2"_s},
-                       {canPressKeys ? u"xtest"_s : none},
+                       {canPressKeys ? u"xtest"_s : u"none"_s},
                        {u"x11"_s},
                        {u"x11"_s},
                        {u"x11"_s},
@@ -108,39 +65,52 @@ DesktopWays DesktopWays::ofX11(bool canPressKeys)
 
 DesktopWays DesktopWays::ofXWayland(const QString &hotKeys, const QString &keys)
 {
-    const bool isGnome = hotKeys == "gnome-settings"_L1;
     const auto onlyX = u"Only while a window of XWayland has the focus."_s;
-    const Way hotKey{hotKeys, hotKeys == "x11"_L1 ? onlyX : QString()};
-    const Way lone = hotKeys == "x11"_L1 ? Way{u"xinput2"_s, onlyX}
-        : isGnome                        ? Way{hotKeys, u"Not left Super, and not left Control."_s}
-                                         : modifiersOfWayland(hotKeys);
-    const Way application = keys == "xtest,mutter"_L1
-        ? Way{u"x11,at-spi"_s, u"Known where it tells screen readers."_s}
-        : Way{u"x11"_s, u"Known for windows of XWayland only."_s};
-    return described(u"XWayland"_s,
-                     {{hotKey,
-                       hotKey,
-                       lone,
-                       keysOfXWayland(keys),
-                       {u"x11"_s},
-                       {u"x11"_s},
-                       application,
-                       {u"x11"_s, u"Of several, it may be another than the pointer's."_s}}});
+    const auto hotKey = way(hotKeys, {{"x11"_L1, onlyX}});
+    return described(
+        u"XWayland"_s,
+        {{hotKey,
+          hotKey,
+          way(hotKeys,
+              {{"x11"_L1, onlyX},
+               {"gnome-settings"_L1, u"Not left Super, and not left Control."_s},
+               {"portal"_L1, noLoneModifier}}),
+          way(keys,
+              {{"xtest"_L1, u"They reach windows of XWayland only."_s},
+               {"xtest,mutter"_L1,
+                u"Nothing is pasted while Super, Alt or Shift is held; GNOME shows for some "
+                "seconds that the screen is shared."_s},
+               {"xtest,portal"_L1, asked}}),
+          {u"x11"_s},
+          {u"x11"_s},
+          keys == "xtest,mutter"_L1
+              ? Way{u"x11,at-spi"_s, u"Known where it tells screen readers."_s}
+              : Way{u"x11"_s, u"Known for windows of XWayland only."_s},
+          {u"x11"_s, u"Of several, it may be another than the pointer's."_s}}});
 }
 
 DesktopWays DesktopWays::ofWayland(const QString &hotKeys, const WaylandWays &ways)
 {
-    const bool isSurface = ways.overlay != none;
     return described(
         u"Wayland"_s,
-        {{hotKeysOfWayland(hotKeys),
-          escapeOfWayland(hotKeys),
-          modifiersOfWayland(hotKeys),
-          keysOfWayland(ways.keys),
+        {{way(hotKeys,
+              {{"none"_L1, u"Bind \"wrenfold --toggle\" to a key in the desktop's settings."_s}}),
+          way(hotKeys,
+              {{"none"_L1, u"Bind \"wrenfold --cancel\" to a key in the desktop's settings."_s}}),
+          way(hotKeys,
+              {{"kglobalaccel"_L1, u"Left and right are the same."_s},
+               {"portal"_L1, noLoneModifier},
+               {"none"_L1, noLoneModifier}}),
+          way(ways.keys,
+              {{"fake-input"_L1,
+                u"They reach Wayland windows only, and only when the application entry is "
+                "installed."_s},
+               {"portal"_L1, asked}}),
           {ways.clipboard},
-          {ways.overlay, isSurface ? QString() : u"It is a window, which may take the focus."_s},
-          applicationInFront(hotKeys == "sway"_L1 ? hotKeys : ways.windows),
-          {isSurface ? u"compositor"_s : none, {}}}});
+          way(ways.overlay, {{"none"_L1, u"It is a window, which may take the focus."_s}}),
+          way(hotKeys == "sway"_L1 ? hotKeys : ways.windows,
+              {{"none"_L1, u"Unknown: Shift + Insert pastes, which nearly all understand."_s}}),
+          {u"compositor"_s}}});
 }
 
 QString DesktopWays::summary() const
