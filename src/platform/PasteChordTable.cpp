@@ -17,6 +17,7 @@ struct Row
 // command of its own.
 constexpr Row chords[] = {
     {"alacritty", PasteChord::ShiftInsert},
+    {"com.gexperts.tilix", PasteChord::ShiftInsert},
     {"com.mitchellh.ghostty", PasteChord::ShiftInsert},
     {"cool-retro-term", PasteChord::ShiftInsert},
     {"deepin-terminal", PasteChord::ShiftInsert},
@@ -35,6 +36,9 @@ constexpr Row chords[] = {
     {"mate-terminal", PasteChord::ShiftInsert},
     {"org.gnome.console", PasteChord::ShiftInsert},
     {"org.gnome.ptyxis", PasteChord::ShiftInsert},
+    {"org.gnome.terminal", PasteChord::ShiftInsert},
+    {"org.kde.konsole", PasteChord::ShiftInsert},
+    {"org.kde.yakuake", PasteChord::ShiftInsert},
     {"org.wezfurlong.wezterm", PasteChord::ShiftInsert},
     {"ptyxis", PasteChord::ShiftInsert},
     {"qterminal", PasteChord::ShiftInsert},

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Wrenfold authors
 // SPDX-License-Identifier: MIT
+#include "ForeignToplevels.h"
 #include "KWinSyntheticKeyboard.h"
+#include "PlasmaWindows.h"
 #include "WaylandClipboard.h"
 #include "WaylandConnection.h"
 #include "WaylandFocusReturn.h"
@@ -34,7 +36,8 @@ public:
                 chosen<KWinSyntheticKeyboard>(
                     "fake-input"_L1, chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1)),
                 chosen<WaylandOverlaySurface>("layer-shell"_L1),
-                chosen<WaylandWindows>("foreign-toplevel"_L1)};
+                chosen<ForeignToplevels>("foreign-toplevel"_L1,
+                                         chosen<PlasmaWindows>("plasma-window-management"_L1))};
     }
 
     [[nodiscard]] bool canPaste(bool hasOtherKeyboard) const override

@@ -5,21 +5,30 @@
 #include "FocusedApplication.h"
 
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <vector>
 
-struct wl_array;
-struct zwlr_foreign_toplevel_handle_v1;
-struct zwlr_foreign_toplevel_manager_v1;
 class WaylandConnection;
 
 // The windows of the desktop, as the compositor tells of them. Any thread.
 class WaylandWindows final
 {
 public:
-    // Whether the compositor tells of windows.
-    [[nodiscard]] static bool isOffered(const WaylandConnection &connection);
+    // A window, for who hears of it from the compositor. Under the connection's lock.
+    struct Window
+    {
+        WaylandWindows &windows;
+        std::function<void()> activate; // asks for the focus
+        QByteArray application;
+        bool isActive = false;
+        quint64 activation = 0; // which one of all was its latest; 0 before its first
 
+        void setActive(bool isNowActive);
+        void remove();
+    };
+
+    // Without any where the compositor tells nobody of them.
     explicit WaylandWindows(WaylandConnection &connection);
     ~WaylandWindows();
     WaylandWindows(const WaylandWindows &) = delete;
@@ -31,15 +40,10 @@ public:
     // it, within a second; at once when it has it already. False when there is none.
     [[nodiscard]] bool returnFocus();
 
+    [[nodiscard]] WaylandConnection &connection() { return m_connection; }
+    [[nodiscard]] Window &add(std::function<void()> activate);
+
 private:
-    struct Window;
-
-    static void
-    add(void *self, zwlr_foreign_toplevel_manager_v1 *, zwlr_foreign_toplevel_handle_v1 *handle);
-    static void setApplication(void *data, zwlr_foreign_toplevel_handle_v1 *, const char *name);
-    static void setState(void *data, zwlr_foreign_toplevel_handle_v1 *, wl_array *states);
-    static void remove(void *data, zwlr_foreign_toplevel_handle_v1 *handle);
-
     [[nodiscard]] const Window *latest(bool withOurs) const;
 
     WaylandConnection &m_connection;
