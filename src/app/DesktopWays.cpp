@@ -46,7 +46,14 @@ Way way(const QString &name, std::initializer_list<std::pair<QLatin1StringView, 
 }
 
 const auto asked = u"The desktop asks once whether we may."_s;
+const auto bindCancel = u"Bind \"wrenfold --cancel\" to a key in the desktop's settings."_s;
 const auto noLoneModifier = u"None can be the hotkey."_s;
+
+// A portal's shortcuts stay until the user removes them, so none of them is Escape.
+QString escapeGivenBy(const QString &hotKeys)
+{
+    return hotKeys == "portal"_L1 ? u"none"_s : hotKeys;
+}
 
 } // namespace
 
@@ -66,11 +73,10 @@ DesktopWays DesktopWays::ofX11(bool canPressKeys)
 DesktopWays DesktopWays::ofXWayland(const QString &hotKeys, const QString &keys)
 {
     const auto onlyX = u"Only while a window of XWayland has the focus."_s;
-    const auto hotKey = way(hotKeys, {{"x11"_L1, onlyX}});
     return described(
         u"XWayland"_s,
-        {{hotKey,
-          hotKey,
+        {{way(hotKeys, {{"x11"_L1, onlyX}}),
+          way(escapeGivenBy(hotKeys), {{"x11"_L1, onlyX}, {"none"_L1, bindCancel}}),
           way(hotKeys,
               {{"x11"_L1, onlyX},
                {"gnome-settings"_L1, u"Not left Super, and not left Control."_s},
@@ -95,8 +101,7 @@ DesktopWays DesktopWays::ofWayland(const QString &hotKeys, const WaylandWays &wa
         u"Wayland"_s,
         {{way(hotKeys,
               {{"none"_L1, u"Bind \"wrenfold --toggle\" to a key in the desktop's settings."_s}}),
-          way(hotKeys,
-              {{"none"_L1, u"Bind \"wrenfold --cancel\" to a key in the desktop's settings."_s}}),
+          way(escapeGivenBy(hotKeys), {{"none"_L1, bindCancel}}),
           way(hotKeys,
               {{"kglobalaccel"_L1, u"Left and right are the same."_s},
                {"portal"_L1, noLoneModifier},

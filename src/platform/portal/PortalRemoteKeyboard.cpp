@@ -5,7 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 
-#include <ranges>
+#include <algorithm>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -111,8 +111,9 @@ bool PortalRemoteKeyboard::tap(const std::vector<quint32> &chord)
     bool isTapped = true;
     for (const auto key : chord)
         isTapped = move(session, key, true) && isTapped;
-    for (const auto key : std::views::reverse(chord))
+    std::for_each(chord.rbegin(), chord.rend(), [&](quint32 key) {
         isTapped = move(session, key, false) && isTapped;
+    });
     return isTapped;
 }
 

@@ -76,9 +76,8 @@ void SwayConfiguration::readLine(QString line, int depth)
 {
     if (line.startsWith(u'#') || line.isEmpty())
         return;
-    // Of variables whose names begin alike the longest is meant.
-    for (auto variable = m_variables.rbegin(); variable != m_variables.rend(); ++variable)
-        line.replace(variable->first, variable->second);
+    for (const auto &[name, value] : m_variables)
+        line.replace(name, value);
     auto words = QProcess::splitCommand(line);
     const bool opens = line.endsWith(u'{');
     if (line == "}"_L1 && !m_blocks.isEmpty()) {

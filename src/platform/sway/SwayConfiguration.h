@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -28,7 +29,8 @@ private:
     void readBinding(const QString &command, QStringList words);
 
     QString m_folder;
-    std::map<QString, QString> m_variables;
+    // Of names that begin alike the longest is meant, and comes first.
+    std::map<QString, QString, std::greater<>> m_variables;
     QStringList m_blocks; // what the open braces belong to
     std::map<std::pair<QString, quint32>, QString> m_bindings; // keys are in lower case
 };

@@ -36,8 +36,9 @@ public:
                 chosen<KWinSyntheticKeyboard>(
                     "fake-input"_L1, chosen<WaylandSyntheticKeyboard>("virtual-keyboard"_L1)),
                 chosen<WaylandOverlaySurface>("layer-shell"_L1),
-                chosen<ForeignToplevels>("foreign-toplevel"_L1,
-                                         chosen<PlasmaWindows>("plasma-window-management"_L1))};
+                ForeignToplevels::isOffered(*m_connection)    ? "foreign-toplevel"_L1
+                    : PlasmaWindows::isOffered(*m_connection) ? "plasma-window-management"_L1
+                                                              : "none"_L1};
     }
 
     [[nodiscard]] bool canPaste(bool hasOtherKeyboard) const override

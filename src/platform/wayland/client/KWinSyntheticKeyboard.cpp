@@ -52,7 +52,7 @@ bool KWinSyntheticKeyboard::post(PasteChord chord)
     const auto keys = ChordKeys::of(chord).keys;
     for (const auto key : keys)
         press(key, true);
-    std::for_each(keys.rbegin(), keys.rend(), [this](quint32 key) { press(key, false); });
+    std::for_each(keys.rbegin(), keys.rend(), [&](quint32 key) { press(key, false); });
     m_connection.flush();
     return true;
 }
