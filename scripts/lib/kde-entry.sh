@@ -28,6 +28,7 @@ offer_kde_entry() {
         echo "XWayland windows only." && return
     fi
     mkdir -p "$(dirname "$kde_entry")"
+    # shellcheck disable=SC2154 # the root comes from common.sh
     sed -e "s|@WRENFOLD_PROGRAM@|$program|" -e "s|^Name=.*|Name=Wrenfold (build folder)|" \
         -e "/^Name\[.*Wrenfold/d" -e "s|^Icon=.*|Icon=$project_root/resources/icons/Wrenfold.svg|" \
         packaging/desktop/local.wrenfold.desktop.in >"$kde_entry"
