@@ -147,8 +147,10 @@ TEST_F(HotKeyCaptureTest, refusedKeysBeepEscapeRestoresAndRepeatsAreNoPresses)
     // The repeats of a key that is held on are no presses of the new hotkey.
     beginCapture();
     m_desktop.press(Key::f9);
-    EXPECT_FALSE(waitUntil([this] { return m_toggles > 1; }, std::chrono::milliseconds(1500)));
+    const auto togglesAgain = [this] { return m_toggles > 1; };
+    EXPECT_FALSE(waitUntil(togglesAgain, std::chrono::milliseconds(1500)));
     m_desktop.release(Key::f9);
+    EXPECT_FALSE(waitUntil(togglesAgain, std::chrono::milliseconds(20))); // by one that comes late
     EXPECT_TRUE(toggles({Key::f9}));
 }
 

@@ -67,6 +67,7 @@ TEST(SessionLockTest, HearsOfScreenSaversAndTheLoginManagersOwnSession)
     told.clear();
     manager.send(u"/org/freedesktop/login1/session/_38"_s, login, u"Lock"_s, {});
     manager.send(ownSession, login, u"Unlock"_s, {});
+    EXPECT_TRUE(waitUntil([&] { return !told.isEmpty(); })); // the other bus does not wait for it
     const auto member = u"ActiveChanged"_s;
     manager.send(u"/ScreenSaver"_s, u"org.freedesktop.ScreenSaver"_s, member, {true});
     manager.send(u"/org/gnome/ScreenSaver"_s, u"org.gnome.ScreenSaver"_s, member, {false});

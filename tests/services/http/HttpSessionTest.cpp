@@ -433,7 +433,7 @@ TEST(HttpSession, ClosesAtOnceAndCancelsWhatIsInFlight)
                   for (auto &sender : senders)
                       EXPECT_EQ(sender.get(), "cancelled");
               }),
-              500);
+              10'000); // the requests would wait for a minute
     EXPECT_EQ(sent(session, requestTo(server.url())), "closed");
     session.openAhead(server.url());
 }
