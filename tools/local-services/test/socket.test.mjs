@@ -16,7 +16,7 @@ import {
     modelsFolder,
     replacedFile,
 } from '../src/settings/folders.mjs';
-import { units } from '../src/setup/units.mjs';
+import { ownUnitParts, serviceUnit, socketUnit, unitSources } from '../src/setup/units.mjs';
 import { program, run, temporaryHome, write } from './support/home.mjs';
 import { ask, polishing, recognition, recording, startServices } from './support/services.mjs';
 import { silence, speech } from './support/sound.mjs';
@@ -142,22 +142,27 @@ test('What runs is told, and one that was killed leaves its place to the next', 
 
 test('The unit gives the services little, and names no single Node.js', (context) => {
     const home = temporaryHome(context);
-    const texts = units('/run/user/1000/wrenfold-local/socket');
-    for (const [name, text] of Object.entries(texts)) write(home.path(name), text);
-    const [socket, service] = Object.keys(texts).map((name) => home.path(name));
+    const files = ownUnitParts('/run/user/1000/wrenfold-local/socket');
+    const names = [socketUnit, serviceUnit];
+    for (const name of names) files[name] = readFileSync(`${unitSources}/${name}`, 'utf8');
+    for (const [name, text] of Object.entries(files)) write(home.path(name), text);
+    const [socket, service] = names.map((name) => home.path(name));
     const analyze = (...args) => execFileSync('systemd-analyze', args, { stdio: 'pipe' });
     analyze('verify', '--man=no', service, socket);
     analyze('security', '--offline=true', '--threshold=30', service);
     // What the measure does not count, or counts for less than it is here.
     const wanted = {
-        'wrenfold-local.socket': ['SocketMode=0600', 'DirectoryMode=0700'],
-        'wrenfold-local.service': [
+        [socketUnit]: ['SocketMode=0600', 'DirectoryMode=0700'],
+        [serviceUnit]: [
             ...['MemoryMax=2G', 'MemorySwapMax=0', 'LimitCORE=0', 'ProtectSystem=strict'],
             ...['PrivateUsers=yes', 'PrivateNetwork=yes', 'IPAddressDeny=any'],
-            `InaccessiblePaths="-${dirname(applicationFile())}" "-${replacedFile()}"`,
+            'InaccessiblePaths=-%h/.wrenfold -%h/.config/wrenfold/before-local-services.json',
+        ],
+        [`${serviceUnit}.d/own.conf`]: [
+            `InaccessiblePaths=\nInaccessiblePaths="-${dirname(applicationFile())}" "-${replacedFile()}"`,
         ],
     };
     for (const [name, lines] of Object.entries(wanted))
-        for (const line of lines) assert.ok(texts[name].includes(`\n${line}\n`), line);
-    assert.ok(!texts['wrenfold-local.service'].includes(process.execPath));
+        for (const line of lines) assert.ok(files[name].includes(`\n${line}\n`), line);
+    assert.ok(!Object.values(files).join().includes(process.execPath));
 });

@@ -27,6 +27,7 @@ import {
 } from '../settings/folders.mjs';
 import { fetchPackages, npm, run, unpackPackage } from './packages.mjs';
 import { replaceFolder } from './replace-folder.mjs';
+import { isPackaged } from './units.mjs';
 
 const source = fileURLToPath(new URL('../..', import.meta.url));
 
@@ -146,6 +147,7 @@ const programParts = [
     'models',
     'prompts',
     'licences',
+    'units',
 ];
 
 function filesIn(path) {
@@ -153,9 +155,9 @@ function filesIn(path) {
     return readdirSync(path).flatMap((name) => filesIn(join(path, name)));
 }
 
-/** A copy of this program that needs no source tree. */
+/** A copy of this program that needs no source tree; a package's stays where it is. */
 export function installProgram() {
-    if (source.startsWith(programFolder())) return;
+    if (isPackaged || source.startsWith(programFolder())) return;
     const files = programParts.flatMap((part) => filesIn(join(source, part)));
     const digest = sha256(files.map((file) => `${file} ${readFileSync(file, 'utf8')}`).join('\0'));
     if (readIfThere(join(programFolder(), 'installed')) === digest) return;

@@ -2,11 +2,18 @@
 // SPDX-License-Identifier: MIT
 
 import { spawnSync } from 'node:child_process';
-import { existsSync, mkdirSync, rmSync, writeFileSync } from 'node:fs';
-import { join } from 'node:path';
+import { copyFileSync, existsSync, mkdirSync, rmSync, writeFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
 
 import { unitsFolder } from '../settings/folders.mjs';
-import { searchPath, serviceUnit, socketUnit, units } from './units.mjs';
+import {
+    isPackaged,
+    ownUnitParts,
+    searchPath,
+    serviceUnit,
+    socketUnit,
+    unitSources,
+} from './units.mjs';
 
 const systemctl = (...args) => spawnSync('systemctl', ['--user', ...args], { encoding: 'utf8' });
 
@@ -30,16 +37,31 @@ export function checkNode() {
         throw new Error(`there is no Node.js of version 18 or later in ${searchPath}`);
 }
 
+const own = (name) => join(unitsFolder(), name);
+const ownUnits = [socketUnit, serviceUnit].flatMap((unit) => [own(unit), own(`${unit}.d`)]);
+
+function removeOwnUnits() {
+    for (const path of ownUnits) rmSync(path, { recursive: true, force: true });
+}
+
+function writeOwnUnits(socket) {
+    removeOwnUnits();
+    for (const [name, text] of Object.entries(ownUnitParts(socket))) {
+        mkdirSync(dirname(own(name)), { recursive: true });
+        writeFileSync(own(name), text);
+    }
+    if (isPackaged) return;
+    for (const unit of [socketUnit, serviceUnit]) copyFileSync(join(unitSources, unit), own(unit));
+}
+
 /**
- * Writes the units of a socket and of the service that the first connection starts, and
- * has the service manager listen.
+ * Writes what the units of a socket, and of the service that the first connection starts, need for
+ * this user, and has the service manager listen.
  *
  * @throws {Error} when the service manager refuses
  */
 export function startListening(socket) {
-    mkdirSync(unitsFolder(), { recursive: true });
-    for (const [name, text] of Object.entries(units(socket)))
-        writeFileSync(join(unitsFolder(), name), text);
+    writeOwnUnits(socket);
     systemctl('daemon-reload');
     systemctl('stop', serviceUnit, socketUnit);
     systemctl('reset-failed', serviceUnit, socketUnit);
@@ -47,12 +69,11 @@ export function startListening(socket) {
     if (status !== 0) throw new Error(`the service manager does not listen: ${stderr.trim()}`);
 }
 
-/** Ends the service, stops listening and takes the units away. */
+/** Ends the service, stops listening and takes this user's units away. */
 export function stopListening() {
-    if (!existsSync(join(unitsFolder(), socketUnit))) return;
+    if (!ownUnits.some(existsSync)) return;
     systemctl('disable', '--now', socketUnit);
     systemctl('stop', serviceUnit);
-    for (const name of [socketUnit, serviceUnit])
-        rmSync(join(unitsFolder(), name), { force: true });
+    removeOwnUnits();
     systemctl('daemon-reload');
 }
