@@ -28,6 +28,7 @@ constexpr std::array options{
     Option{"--autostart status"_L1, Command::AutostartStatus},
     Option{"--check"_L1, Command::Check},
     Option{"--check --online"_L1, Command::CheckOnline},
+    Option{"--timings"_L1, Command::Timings},
     Option{"--help"_L1, Command::Help},
     Option{"-h"_L1, Command::Help},
     Option{"--version"_L1, Command::Version},

@@ -17,6 +17,7 @@ enum class Command {
     AutostartStatus,
     Check,
     CheckOnline,
+    Timings,
     Help,
     Version,
 };

@@ -8,6 +8,8 @@
 #include "FileError.h"
 #include "GnomeModule.h"
 #include "InstanceChannel.h"
+#include "LogFile.h"
+#include "Timings.h"
 #include "Version.h"
 
 #include <QCoreApplication>
@@ -64,6 +66,15 @@ int statusOf(InstanceAnswer answer)
         return fail(u"there is no session bus to reach it over"_s, Failed);
     }
     Q_UNREACHABLE();
+}
+
+int printTimings()
+{
+    try {
+        return print(Timings::table(LogFile::contents()));
+    } catch (const FileError &error) {
+        return fail(error.localizedDescription(), Failed);
+    }
 }
 
 // Shown by the running instance, or by the one that this process becomes.
@@ -134,6 +145,8 @@ std::optional<int> dispatch(Command command)
         return setAutostart(false);
     case Command::AutostartStatus:
         return printAutostart();
+    case Command::Timings:
+        return printTimings();
     case Command::Help:
         return print(helpText());
     case Command::Version:

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <algorithm>
@@ -118,6 +119,38 @@ TEST(CommandLine, TheSessionStartsWhatTheAutostartEntryNames)
     EXPECT_EQ(run(u"status"_s), "off\n");
     EXPECT_EQ(run(u"off"_s), "");
     EXPECT_FALSE(QFile::exists(entry));
+}
+
+TEST(CommandLine, TimingsAreThoseOfBothGenerationsOfTheLog)
+{
+    const auto run = [] {
+        const auto result = runCommand(WrenfoldApplication::executable() + " --timings"_L1);
+        EXPECT_EQ(result.exitCode, 0);
+        return QString::fromUtf8(result.output).simplified();
+    };
+    EXPECT_EQ(run(), u"Dictations in the log: 0, and failed ones: 0"_s);
+    const auto log = QDir::homePath() + "/.wrenfold/logs/wrenfold"_L1;
+    QDir().mkpath(QFileInfo(log).path());
+    const auto write = [](const QString &path, int first, int last) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        for (int i = first; i <= last; ++i)
+            file.write(
+                "2026-01-01T00:00:00.000Z [INFO] [pid=1] Processing timing. audioSeconds=1.00 "
+                "audioBytes=32044 asrMs="
+                + QByteArray::number(i)
+                + " polishMs=-1 pasteMs=2 totalMs=" + QByteArray::number(1000 + i)
+                + "\n2026-01-01T00:00:00.000Z [INFO] [pid=1] Launch started. totalMs=1\n");
+        file.write(
+            "2026-01-01T00:00:00.000Z [INFO] [pid=1] Processing timing. asrMs=9999 totalMs=9999 "
+            "failedStage=textPolishing\n"
+            "2026-01-01T00:00:00.000Z [INFO] [pid=1] Paste delivered. fetchMs=7\n");
+    };
+    write(log + ".old.log"_L1, 1, 10);
+    write(log + ".log"_L1, 11, 20);
+    EXPECT_EQ(run(),
+              u"Dictations in the log: 20, and failed ones: 2 median p95 Recognition 10 ms 19 ms "
+              "Polishing - - Paste 2 ms 2 ms Whole 1010 ms 1019 ms Text fetched in 7 ms 7 ms"_s);
 }
 
 TEST(CommandLine, CheckNamesWhatADictationWouldFailAt)

@@ -123,3 +123,12 @@ void LogFile::append(const QByteArray &line)
     takeBack(file, written);
     throw FileError(u"write"_s, path(), error);
 }
+
+QByteArray LogFile::contents()
+{
+    QByteArray contents;
+    for (const auto &path : {oldPath(), path()})
+        if (QFile::exists(path))
+            contents += SecureFile::read(path);
+    return contents;
+}

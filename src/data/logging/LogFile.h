@@ -23,4 +23,8 @@ void prepare();
 // time. Throws FileError.
 void append(const QByteArray &line);
 
+// All lines there are, those of the older generation first. Throws FileError when a file that is
+// there cannot be read.
+[[nodiscard]] QByteArray contents();
+
 } // namespace LogFile
