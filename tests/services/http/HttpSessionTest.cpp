@@ -60,7 +60,7 @@ TEST(HttpSession, FailsClearlyAfterExactlyOneRequestWhenTheExchangeBreaks)
                 HttpSession session;
                 auto request = requestTo(server.url(), QByteArray(size, 'x'));
                 if (manner == Manner::Silence)
-                    request.inactivityLimit = 800ms;
+                    request.inactivityLimit = 1500ms;
                 EXPECT_EQ(sent(session, request), expected) << server.url().scheme().toStdString();
                 EXPECT_EQ(server.requests().size(), 1);
                 EXPECT_EQ(server.connections(), 1);
