@@ -10,11 +10,14 @@
 #include "ReceivingEditor.h"
 #include "Results.h"
 
+#include <string_view>
+
 // Measures dictations with Wrenfold beside what a user would otherwise glue together.
 class DictationBenchmark final
 {
 public:
-    explicit DictationBenchmark(Results &results);
+    // The desktop is X11 without a name.
+    DictationBenchmark(Results &results, std::string_view desktop);
 
     // Short dictations: to the first sample, and from the answer to the text.
     void measureShortOnes();
@@ -32,11 +35,14 @@ private:
     double parecordToSample() const;
     double curlToLastByte(const std::string &bodyFile);
     double glueToText();
+    // Adds the row, on Wayland beside X11's too.
+    void add(Measurement measurement);
 
     Results &m_results;
+    std::string m_desktop;
     InstantServices m_services;
+    HotKey m_hotKey; // a Wayland seat without a keyboard has no focus to give
     ReceivingEditor m_editor;
-    HotKey m_hotKey;
     FileTail m_log;
     Application::Recordings m_recordings;
     ChildProcess m_application;

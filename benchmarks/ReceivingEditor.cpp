@@ -34,15 +34,6 @@ ReceivingEditor::ReceivingEditor()
         throw std::runtime_error("the editor does not get the focus");
 }
 
-void ReceivingEditor::takeFocusBack()
-{
-    if (!runUntil([this] { return !isActiveWindow(); }))
-        throw std::runtime_error("no other window took the focus");
-    activateWindow();
-    if (!runUntil([this] { return hasFocus(); }))
-        throw std::runtime_error("the editor does not get the focus back");
-}
-
 Instant ReceivingEditor::waitForText(const QString &expected)
 {
     if (!runUntil([this] { return m_arrivedAt.has_value(); }))

@@ -16,10 +16,6 @@ public:
     // Returns once the window has the focus. Throws std::runtime_error.
     ReceivingEditor();
 
-    // Waits until another window, about to open, has taken the focus, and takes it back. Throws
-    // std::runtime_error.
-    void takeFocusBack();
-
     // Waits until text arrives, empties the editor and returns the moment it came. Throws
     // std::runtime_error when it is not the expected text or none comes.
     Instant waitForText(const QString &expected);

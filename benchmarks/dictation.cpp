@@ -7,15 +7,16 @@
 #include <cstdio>
 #include <string_view>
 
-// usage: wrenfold-bench-dictation short|minute RESULT-FILE
+// usage: wrenfold-bench-dictation short|minute RESULT-FILE [sway|kde|gnome]
+// With a desktop, on it, beside what X11 has in the file.
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    if (argc != 3)
+    if (argc != 3 && argc != 4)
         return 2;
     try {
         Results results(argv[2]);
-        DictationBenchmark benchmark(results);
+        DictationBenchmark benchmark(results, argc == 4 ? argv[3] : "");
         if (argv[1] == std::string_view("minute"))
             benchmark.measureMinutes();
         else

@@ -52,7 +52,9 @@ void Application::configure(int port)
     std::filesystem::create_directories(logFile().parent_path());
     const auto base = "http://127.0.0.1:" + std::to_string(port);
     std::ofstream(dataFolder() / "config.json")
-        << R"({"deepSeek": {"apiKey": "none", "baseURL": ")" << base << R"(", "model": "none"},
+        << R"({"hotKey": {"keyCode": 49, "modifiers": 6144, "displayName": "⌃⌥Space"},
+"deepSeek": {"apiKey": "none", "baseURL": ")"
+        << base << R"(", "model": "none"},
 "volcengine": {"accessKey": "", "apiKey": "none", "appKey": "", "enableDDC": true,
 "enableITN": true, "enablePunctuation": true, "endpoint": ")"
         << base << R"(/recognize/flash",

@@ -15,7 +15,8 @@ namespace Application {
 
 [[nodiscard]] std::vector<std::string> command();
 [[nodiscard]] std::filesystem::path logFile();
-// Writes a configuration that names the port of this machine for both services.
+// Writes a configuration that names the port of this machine for both services, and Control + Alt +
+// Space as the hotkey, which no desktop has itself.
 void configure(int port);
 
 // Sees the recordings that Wrenfold writes.

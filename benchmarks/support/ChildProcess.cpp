@@ -13,7 +13,7 @@
 #include <system_error>
 #include <unistd.h>
 
-ChildProcess::ChildProcess(const std::vector<std::string> &command, int output)
+ChildProcess::ChildProcess(const std::vector<std::string> &command, int output, int input)
 {
     std::vector<char *> arguments;
     for (const auto &argument : command)
@@ -22,7 +22,10 @@ ChildProcess::ChildProcess(const std::vector<std::string> &command, int output)
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (input >= 0)
+        posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    else
+        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     if (output >= 0)
         posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     else

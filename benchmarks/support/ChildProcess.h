@@ -14,9 +14,9 @@
 class ChildProcess final
 {
 public:
-    // Starts the program at once; what it prints goes to the descriptor, else nowhere. Throws
-    // std::system_error.
-    explicit ChildProcess(const std::vector<std::string> &command, int output = -1);
+    // Starts the program at once; what it prints goes to the descriptor, else nowhere, and what it
+    // reads comes from the other. Throws std::system_error.
+    explicit ChildProcess(const std::vector<std::string> &command, int output = -1, int input = -1);
     ~ChildProcess();
     ChildProcess(const ChildProcess &) = delete;
     ChildProcess &operator=(const ChildProcess &) = delete;

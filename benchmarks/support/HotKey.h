@@ -4,23 +4,22 @@
 
 #include "Clock.h"
 
-struct xcb_connection_t;
+#include <functional>
+#include <vector>
 
-// Presses the application's default hotkey, Super + Shift + Space, as a keyboard would.
+// Presses the hotkey of Application::configure() as a keyboard would: on the display, or by the
+// program that the environment variable WRENFOLD_BENCH_KEYBOARD names, where keys are pressed in
+// another way.
 class HotKey final
 {
 public:
-    // Opens the display of $DISPLAY. Throws std::runtime_error.
+    // Throws std::runtime_error when there is no display, or no keyboard.
     HotKey();
-    ~HotKey();
-    HotKey(const HotKey &) = delete;
-    HotKey &operator=(const HotKey &) = delete;
 
-    // Presses and releases it; returns the moment just before Space went down.
+    // Presses and releases it; returns the moment just before its last key went down.
     Instant press();
 
 private:
-    void fake(bool isPress, unsigned char keyCode);
-
-    xcb_connection_t *m_connection;
+    // Presses the keys that are positive, by the kernel's codes, and releases the others.
+    std::function<void(const std::vector<int> &keys)> m_move;
 };

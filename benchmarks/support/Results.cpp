@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <iomanip>
 #include <sstream>
+#include <stdexcept>
 
 namespace {
 
@@ -35,20 +36,21 @@ std::string list(const std::vector<double> &values)
 } // namespace
 
 Results::Results(const std::string &file)
-    : m_file(file, std::ios::app)
+    : m_path(file)
+    , m_file(file, std::ios::app)
 {}
 
 void Results::add(const Measurement &measurement)
 {
     const auto &[name, unit, values, peer, peerValues, goal] = measurement;
     const double own = median(values);
-    std::string peerText;
+    std::string peerText = peer;
     std::string ratioText;
     std::string goalText;
     m_file << R"({"name": )" << std::quoted(name) << R"(, "unit": )" << std::quoted(unit)
            << R"(, "wrenfold": )" << number(own) << R"(, "values": )" << list(values);
     double judged = own;
-    if (!peer.empty()) {
+    if (!peerValues.empty()) {
         const double other = median(peerValues);
         peerText = peer + ' ' + number(other) + ' ' + unit;
         ratioText = number(own / other);
@@ -64,11 +66,27 @@ void Results::add(const Measurement &measurement)
                << (isMet ? "true" : "false");
     }
     m_file << "}\n" << std::flush;
-    std::printf("%-54s %12s   %-22s %6s   %s\n",
+    std::printf("%-55s %12s   %-22s %6s   %s\n",
                 name.c_str(),
                 (number(own) + ' ' + unit).c_str(),
                 peerText.c_str(),
                 ratioText.c_str(),
                 goalText.c_str());
     std::fflush(stdout);
+}
+
+std::vector<double> Results::valuesOf(const std::string &name) const
+{
+    std::ifstream file(m_path);
+    const std::string key = R"("values": [)";
+    for (std::string line; std::getline(file, line);) {
+        if (line.find('"' + name + '"') == std::string::npos)
+            continue;
+        std::istringstream list(line.substr(line.find(key) + key.size()));
+        std::vector<double> values;
+        for (double value = 0; list >> value; list.get()) // the comma
+            values.push_back(value);
+        return values;
+    }
+    throw std::runtime_error("not measured: " + name);
 }

@@ -21,7 +21,7 @@ struct Measurement
     std::string unit;
     std::vector<double> values = {};
     std::string peer = {};
-    std::vector<double> peerValues = {};
+    std::vector<double> peerValues = {}; // none where the peer cannot do it
     std::optional<Goal> goal = {};
 };
 
@@ -33,7 +33,10 @@ public:
     explicit Results(const std::string &file);
 
     void add(const Measurement &measurement);
+    // The values of a row that is in the file. Throws std::runtime_error when there is none.
+    [[nodiscard]] std::vector<double> valuesOf(const std::string &name) const;
 
 private:
+    std::string m_path;
     std::ofstream m_file;
 };
