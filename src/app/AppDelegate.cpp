@@ -308,6 +308,7 @@ MainWindowController &AppDelegate::mainWindow()
 void AppDelegate::showGettingStarted()
 {
     mainWindow().show(m_config, MainWindowPage::GettingStarted);
+    m_backends.focusReturn->takeFocus();
 }
 
 void AppDelegate::promptForAccessibilityPermissionIfNeeded()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Remembers which window had the keyboard focus before one of ours took it.
+// Remembers which window had the keyboard focus before one of ours took it, and moves the focus.
 class FocusReturn
 {
 public:
@@ -15,4 +15,7 @@ public:
     // none of our windows has the focus. False when there is no such window. Any thread but the
     // main one.
     [[nodiscard]] virtual bool returnFocus() = 0;
+    // Asks for the focus for the window of ours that had it last, where showing it is not enough.
+    // Never waits. Main thread.
+    virtual void takeFocus();
 };

@@ -25,6 +25,8 @@ SessionLock::~SessionLock() = default;
 SyntheticKeyboard::~SyntheticKeyboard() = default;
 TrayHostWatch::~TrayHostWatch() = default;
 
+void FocusReturn::takeFocus() {}
+
 // By value, as in those that keep it.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void HotKeyRegistrar::setLossHandler(Handler) {}

@@ -24,6 +24,9 @@ constexpr int closeLimitMs = 100;
 // Longer than an instance takes to quit, with a disk that does not answer.
 constexpr auto quitLimit = 6s;
 
+// By which a compositor lets a window come to the front. Qt takes it from there.
+constexpr auto activationToken = "XDG_ACTIVATION_TOKEN";
+
 constexpr auto objectPath = "/local/wrenfold"_L1;
 
 // The clock is the same in all processes.
@@ -108,8 +111,11 @@ bool InstanceChannel::isHotKeyThere()
 
 InstanceAnswer InstanceChannel::ask(InstanceCommand command)
 {
-    // A busy machine may take long from the key to here.
     QVariantList arguments;
+    if (const auto token = qEnvironmentVariable(activationToken);
+        command == InstanceCommand::ShowMainWindow && !token.isEmpty())
+        arguments += token;
+    // A busy machine may take long from the key to here.
     if (command == InstanceCommand::ToggleRecording)
         arguments += toMilliseconds(processStart());
     return answer(reply(member(command), arguments));
@@ -153,6 +159,13 @@ void InstanceChannel::close()
 void InstanceChannel::showMainWindow()
 {
     handle(InstanceCommand::ShowMainWindow);
+}
+
+void InstanceChannel::showMainWindow(const QString &token)
+{
+    qputenv(activationToken, token.toUtf8());
+    handle(InstanceCommand::ShowMainWindow);
+    qunsetenv(activationToken); // unless it was needed
 }
 
 void InstanceChannel::toggleRecording()

@@ -58,6 +58,8 @@ public:
 
     // The object's members on the bus.
     Q_SCRIPTABLE void showMainWindow();
+    // With what a compositor gave to the asking process for the window's activation.
+    Q_SCRIPTABLE void showMainWindow(const QString &token);
     Q_SCRIPTABLE void toggleRecording();
     Q_SCRIPTABLE void toggleRecording(qlonglong askedAt); // in milliseconds of that clock
     Q_SCRIPTABLE void cancelRecording();

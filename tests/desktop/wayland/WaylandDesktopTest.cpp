@@ -46,7 +46,7 @@ TEST_F(WaylandBackends, OffersWholeTextsOnTheSelectionsThatAreWantedAndKnowsOfEa
     EXPECT_EQ(fetches, 2);
 }
 
-TEST_F(WaylandBackends, GivesTheFocusBackToTheWindowBeforeOurs)
+TEST_F(WaylandBackends, GivesTheFocusBackAndASecondLaunchTakesItAgain)
 {
     const auto terminal = qEnvironmentVariableIsSet("SWAYSOCK") ? u"foot"_s : u"konsole"_s;
     const auto pasteKeys = desktop->makeKeyboard({});
@@ -62,4 +62,7 @@ TEST_F(WaylandBackends, GivesTheFocusBackToTheWindowBeforeOurs)
     EXPECT_TRUE(comesToFront(PasteChord::ControlV));
     EXPECT_TRUE(focusReturn->returnFocus());
     EXPECT_EQ(pasteKeys->pasteChordOfFocusedWindow(), PasteChord::ShiftInsert);
+    WrenfoldApplication secondLaunch({u"XDG_ACTIVATION_TOKEN=stale"_s});
+    EXPECT_EQ(secondLaunch.waitForExit(), 0);
+    EXPECT_TRUE(comesToFront(PasteChord::ControlV));
 }

@@ -13,6 +13,7 @@ public:
     ~WaylandFocusReturn() override;
 
     [[nodiscard]] bool returnFocus() override { return m_windows.returnFocus(); }
+    void takeFocus() override { m_windows.takeFocus(); }
 
 private:
     WaylandWindows &m_windows;

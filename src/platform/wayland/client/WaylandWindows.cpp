@@ -26,7 +26,7 @@ WaylandWindows::~WaylandWindows() = default;
 FocusedApplication WaylandWindows::focusedApplication()
 {
     const auto lock = m_connection.lock();
-    const auto *const window = latest(true);
+    const auto *const window = latest([](bool) { return true; });
     FocusedApplication application;
     application.isUnknown = window == nullptr || !window->isActive;
     if (!application.isUnknown)
@@ -37,22 +37,34 @@ FocusedApplication WaylandWindows::focusedApplication()
 bool WaylandWindows::returnFocus()
 {
     auto lock = m_connection.lock();
-    const auto *const window = latest(false);
+    const auto *const window = latest(std::logical_not());
     if (window == nullptr)
         return false;
     if (!window->isActive)
         window->activate();
     m_connection.flush();
-    return m_changed.wait_for(
-        lock, 1s, [this, window] { return latest(false) == window && window->isActive; });
+    return m_changed.wait_for(lock, 1s, [this, window] {
+        return latest(std::logical_not()) == window && window->isActive;
+    });
 }
 
-const WaylandWindows::Window *WaylandWindows::latest(bool withOurs) const
+void WaylandWindows::takeFocus()
+{
+    const auto lock = m_connection.lock();
+    const auto *const window = latest([](bool isOurs) { return isOurs; });
+    if (window == nullptr || window->isActive)
+        return;
+    window->activate();
+    m_connection.flush();
+}
+
+const WaylandWindows::Window *
+WaylandWindows::latest(const std::function<bool(bool isOurs)> &isWanted) const
 {
     const Window *found = nullptr;
     for (const auto &window : m_windows) {
         const bool isOurs = QLatin1StringView(window->application) == AppRuntime::bundleIdentifier;
-        if ((withOurs || !isOurs) && window->activation > (found ? found->activation : 0))
+        if (isWanted(isOurs) && window->activation > (found ? found->activation : 0))
             found = window.get();
     }
     return found;

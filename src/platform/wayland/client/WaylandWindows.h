@@ -39,12 +39,14 @@ public:
     // Gives the focus to the latest window of another program that had it, and returns when it has
     // it, within a second; at once when it has it already. False when there is none.
     [[nodiscard]] bool returnFocus();
+    // Asks for the focus for our latest window that had it, if one is open, and does not wait.
+    void takeFocus();
 
     [[nodiscard]] WaylandConnection &connection() { return m_connection; }
     [[nodiscard]] Window &add(std::function<void()> activate);
 
 private:
-    [[nodiscard]] const Window *latest(bool withOurs) const;
+    [[nodiscard]] const Window *latest(const std::function<bool(bool isOurs)> &isWanted) const;
 
     WaylandConnection &m_connection;
     std::vector<std::unique_ptr<Window>> m_windows;
