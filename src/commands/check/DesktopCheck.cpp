@@ -99,9 +99,15 @@ Finding DesktopCheck::hotKey(const Backends &backends, const HotKeyConfig &hotKe
                 subject,
                 hotKey.displayName + u" was taken when Wrenfold asked for it, and is free now."_s,
                 u"Choose it again on the first page, or start Wrenfold again."_s};
+    const auto reason = refusal(status, hotKey.displayName, backends.hotKeys->takenBy());
+    if (status != taken && status != noSuchKey)
+        return {Verdict::Limited,
+                subject,
+                reason,
+                u"Bind \"wrenfold --toggle\" to a key in the desktop's settings."_s};
     return {Verdict::Fails,
             subject,
-            refusal(status, hotKey.displayName, backends.hotKeys->takenBy()),
+            reason,
             u"Choose another on the first page, or bind \"wrenfold --toggle\" to a key in the "
             "desktop's settings."_s};
 }
