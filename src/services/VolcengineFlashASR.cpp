@@ -8,6 +8,7 @@
 #include "HushwireError.h"
 #include "JsonText.h"
 #include "Text.h"
+#include "VolcengineAnswer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,27 +24,6 @@ std::optional<QByteArray> makeHotwordsContext(const QStringList &terms)
     for (const auto &word : hotwords)
         words.append(R"({"word":)" + JsonText::string(word) + '}');
     return R"({"hotwords":[)" + words.join(',') + "]}";
-}
-
-void checkStatus(const HttpResponse &response)
-{
-    if (!response.isSuccess())
-        throw HushwireError::serviceFailed(u"火山引擎请求失败：HTTP %1。"_s.arg(response.status));
-    const auto code = response.header("X-Api-Status-Code");
-    if (!code || *code == "20000000")
-        return;
-    const auto message = response.header("X-Api-Message").value_or("unknown");
-    throw HushwireError::serviceFailed(u"火山引擎识别失败："_s + QString::fromUtf8(*code) + u' '
-                                       + QString::fromUtf8(message) + u'。');
-}
-
-QString recognisedText(const QByteArray &body)
-{
-    const auto answer = JsonText::parseObject(body);
-    if (!answer.has("result"_L1))
-        return {};
-    const auto result = answer.object("result"_L1);
-    return result.has("text"_L1) ? result.text("text"_L1).trimmed() : QString();
 }
 
 } // namespace
@@ -85,14 +65,7 @@ QString VolcengineFlashASR::transcribe(const QUrl &audioURL) const
     request.openBody = [path = audioURL.toLocalFile(), prefix, suffix] {
         return std::make_unique<Base64FileBody>(path, prefix, suffix);
     };
-    const auto response = m_session.send(request);
-
-    checkStatus(response);
-    auto text = recognisedText(response.body);
-    if (text.isEmpty())
-        throw HushwireError::responseFailed(
-            u"火山引擎没有返回可用文字，可能是静音、音频太短或识别失败。"_s);
-    return text;
+    return recognisedText(m_session.send(request));
 }
 
 VolcengineFlashASR::Credentials VolcengineFlashASR::credentials() const
