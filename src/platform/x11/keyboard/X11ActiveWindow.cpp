@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11ActiveWindow.h"
 
-#include "X11Reply.h"
+#include "X11Property.h"
 #include "X11RoundTrip.h"
 #include "X11Selections.h"
 
@@ -17,7 +17,6 @@ quint32 activeWindow(X11Connection &connection)
         replyTo(server,
                 xcb_get_property(server, 0, connection.root(), atom, XCB_ATOM_WINDOW, 0, 1),
                 xcb_get_property_reply);
-    if (!property || property->value_len != 1)
-        return XCB_NONE;
-    return *static_cast<const quint32 *>(xcb_get_property_value(property.get()));
+    const auto windows = valuesOf<quint32>(property);
+    return windows.empty() ? quint32{XCB_NONE} : windows.front();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "X11FocusedWindow.h"
 
-#include "X11Reply.h"
+#include "X11Property.h"
 #include "X11RoundTrip.h"
 
 #include <xcb/xcb.h>
@@ -16,11 +16,10 @@ xcb_get_property_cookie_t requestNames(xcb_connection_t *connection, xcb_window_
 
 QByteArrayList namesIn(const X11Reply<xcb_get_property_reply_t> &reply)
 {
-    if (!reply || reply->format != 8 || reply->value_len == 0)
+    const auto text = valuesOf<char>(reply);
+    if (text.empty())
         return {};
-    return QByteArray(static_cast<const char *>(xcb_get_property_value(reply.get())),
-                      xcb_get_property_value_length(reply.get()))
-        .split('\0');
+    return QByteArray(text.data(), static_cast<qsizetype>(text.size())).split('\0');
 }
 
 // Asks whether the keyboard would be refused to us. A grab for the very window that has the focus
