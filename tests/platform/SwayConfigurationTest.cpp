@@ -31,6 +31,7 @@ TEST(SwayConfiguration, KnowsWhatIsBoundInTheDefaultMode)
         {"# bindsym Mod4+Shift+space exec true", false},
         {"bindsym Mod4+space exec true\nbindsym Mod4+Shift+Mod5+space exec true", false},
         {"bindsym Mod4+Shift+space exec true\nunbindsym Mod4+Shift+space", false},
+        {"\"\"\nbindsym Mod4+Shift+space exec true", true},
         {"include more/*.conf", true},
         {"include none/*.conf\nbar {\n  bindsym Mod4+Shift+space exec true\n}", false},
     };

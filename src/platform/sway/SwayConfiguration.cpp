@@ -79,6 +79,8 @@ void SwayConfiguration::readLine(QString line, int depth)
     for (const auto &[name, value] : m_variables)
         line.replace(name, value);
     auto words = QProcess::splitCommand(line);
+    if (words.isEmpty()) // of nothing but quotes
+        return;
     const bool opens = line.endsWith(u'{');
     if (line == "}"_L1 && !m_blocks.isEmpty()) {
         m_blocks.removeLast();
