@@ -2,7 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "X11Strut.h"
 
+#include <algorithm>
+
 namespace {
+
+// A display is no larger; what is computed with it stays far from the limits of a number.
+constexpr quint32 largestExtent = 0xffff;
 
 // Reaching from edge to edge of a monitor, it belongs to a panel on the monitor behind.
 int depth(int reserved, int whole)
@@ -16,8 +21,10 @@ X11Strut::X11Strut(const std::vector<quint32> &property)
 {
     if (property.size() != 12)
         return;
-    const std::vector<int> v(property.begin(), property.end());
-    m_extents = {v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8], v[9], v[10], v[11]};
+    const auto v = [&](size_t index) {
+        return static_cast<int>(std::min(property[index], largestExtent));
+    };
+    m_extents = {v(0), v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11)};
 }
 
 QMargins X11Strut::reservedOf(const QRect &monitor, const QSize &display) const
