@@ -62,8 +62,8 @@ export function decodeWave(bytes) {
     for (let index = 0, at = 0; index < samples.length; ++index) {
         let sum = 0;
         for (let channel = 0; channel < channels; ++channel, at += width) sum += read(data, at);
-        const mean = sum / channels;
-        samples[index] = Number.isFinite(mean) ? mean : 0;
+        // Floats can be anything.
+        samples[index] = Math.max(-1, Math.min(1, sum / channels)) || 0;
     }
     return { samples, sampleRate };
 }
