@@ -87,7 +87,7 @@ void SwayConfiguration::readLine(QString line, int depth)
     } else if (opens) {
         words.removeLast();
         m_blocks << words.join(u' ');
-    } else if (words.size() > 2 && words[0] == "set"_L1) {
+    } else if (words.size() > 2 && words[0] == "set"_L1 && words[1].startsWith(u'$')) {
         m_variables[words[1]] = line.section(QRegularExpression(u"\\s+"_s), 2);
     } else if (words.size() > 1 && words[0] == "include"_L1 && m_blocks.isEmpty()) {
         include(words[1], depth);
