@@ -13,7 +13,8 @@ import { temporaryHome, write } from './support/home.mjs';
 
 /** A model folder whose files hold nonsense. */
 function writeModel(home, name, manifest) {
-    for (const file of Object.values(manifest.files)) write(home.path(name, file), 'nonsense');
+    for (const file of Object.values(manifest.files).filter(Boolean))
+        write(home.path(name, file), 'nonsense');
     write(home.path(name, 'manifest.json'), JSON.stringify(manifest));
     return home.path(name);
 }
@@ -59,6 +60,7 @@ test('A manifest that cannot be used says why, and harms no other model', (conte
             { ...good, files: { ...files, model: '../good/model.onnx' } },
             /no file for "model"/,
         ],
+        'c-empty': [{ ...good, files: { ...files, tokens: '' } }, /no file for "tokens"/],
         'd-languages': [{ ...good, languages: ['Chinese'] }, /the languages/],
         'e-licence': [{ ...good, licence: undefined }, /the licence/],
     };

@@ -22,7 +22,7 @@ function manifestOf(folder) {
 }
 
 function filePath(folder, role, name) {
-    if (typeof name !== 'string' || name !== basename(name) || name.startsWith('.'))
+    if (typeof name !== 'string' || !name || name !== basename(name) || name.startsWith('.'))
         throw new ModelError(`the manifest names no file for "${role}"`);
     const path = join(folder, name);
     if (!existsSync(path)) throw new ModelError(`there is no file ${name}`);
