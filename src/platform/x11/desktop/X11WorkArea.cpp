@@ -45,6 +45,7 @@ std::vector<X11Strut> struts(xcb_connection_t *connection)
         requests.push_back(
             xcb_get_property(connection, 0, window, property, XCB_ATOM_CARDINAL, 0, 12));
     std::vector<X11Strut> found;
+    found.reserve(requests.size());
     for (const auto request : requests)
         found.emplace_back(valuesOf<quint32>(replyTo(connection, request, xcb_get_property_reply)));
     return found;
