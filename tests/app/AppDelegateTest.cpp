@@ -32,6 +32,12 @@ public:
     void start(Handler) override {}
 };
 
+class NoOtherWindow final : public FocusReturn
+{
+public:
+    bool returnFocus() override { return false; }
+};
+
 class AppDelegateTest : public testing::Test
 {
 protected:
@@ -51,7 +57,7 @@ protected:
             .keyboard = std::move(keyboard),
             .clipboard = std::move(copies),
             .overlay = {},
-            .focusReturn = {},
+            .focusReturn = std::make_unique<NoOtherWindow>(),
             .sessionLock = std::make_unique<FakeSessionLock>(),
             .audio = std::make_unique<FakeAudioSystem>(),
             .colorScheme = std::make_unique<NoColorScheme>(),
